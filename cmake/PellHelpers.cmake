@@ -1,0 +1,37 @@
+# Compiler settings shared by every target of the project.
+function(pell_set_warnings target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    if(PELL_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+endfunction()
+
+# pell_add_library(NAME [SHARED|STATIC] SOURCES ... LIBS ...)
+function(pell_add_library name)
+    cmake_parse_arguments(ARG "SHARED;STATIC" "" "SOURCES;LIBS;PRIVATE_LIBS" ${ARGN})
+    if(ARG_SHARED)
+        add_library(${name} SHARED ${ARG_SOURCES})
+    else()
+        add_library(${name} STATIC ${ARG_SOURCES})
+        set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    endif()
+    add_library(Pell::${name} ALIAS ${name})
+    pell_set_warnings(${name})
+    target_link_libraries(${name} PUBLIC ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+endfunction()
+
+# pell_add_test(NAME SOURCES ... LIBS ...): one GoogleTest executable per module, run offscreen.
+function(pell_add_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    pell_set_warnings(${name})
+    target_link_libraries(${name} PRIVATE ${ARG_LIBS} pell_test_main GTest::gtest GTest::gmock)
+    target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+    gtest_discover_tests(${name}
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANG=C.UTF-8;LANGUAGE=;LC_ALL="
+        DISCOVERY_MODE PRE_TEST)
+endfunction()

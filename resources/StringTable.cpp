@@ -1,0 +1,62 @@
+#include "StringTable.h"
+
+#include <QtGlobal>
+
+// The library's texts. lupdate reads this file to make the translation catalog; keep each entry's
+// context "PellLib" and its id as the third argument.
+namespace pell {
+namespace {
+
+constexpr StringEntry kEntries[] = {
+    {1, QT_TRANSLATE_NOOP3("PellLib", "Version 3.5, build %ls", "1")},
+    {3169, QT_TRANSLATE_NOOP3("PellLib", "N", "3169")},
+    {3170, QT_TRANSLATE_NOOP3("PellLib", "S", "3170")},
+    {3171, QT_TRANSLATE_NOOP3("PellLib", "E", "3171")},
+    {3172, QT_TRANSLATE_NOOP3("PellLib", "W", "3172")},
+    {3214,
+     QT_TRANSLATE_NOOP3("PellLib",
+                        "You are connecting to the unpowered receiver. Please use the Setup dialog "
+                        "(Device -> Halvard Tools, Receiver tab) to turn power on manually, or "
+                        "allow Dorrit to change power state of the receiver.",
+                        "3214")},
+    {3220, QT_TRANSLATE_NOOP3("PellLib", "m", "3220")},
+    {3247, QT_TRANSLATE_NOOP3("PellLib",
+                              "You are connecting to the unpowered modem. Please use the Setup "
+                              "dialog (Device -> Halvard Tools, Modem tab) to turn power on "
+                              "manually, or allow Dorrit to change power state of the modem.",
+                              "3247")},
+    {3365, QT_TRANSLATE_NOOP3("PellLib", "Bluetooth disconnected", "3365")},
+    {3370, QT_TRANSLATE_NOOP3("PellLib", "Wrong name", "3370")},
+    {3439, QT_TRANSLATE_NOOP3("PellLib", "Fennickware", "3439")},
+    {3464,
+     QT_TRANSLATE_NOOP3("PellLib",
+                        "You are connecting to the unpowered receiver. Please use the Setup dialog "
+                        "(Device -> Backpack Tools, Receiver tab) to turn power on manually, or "
+                        "allow Dorrit to change power state of the receiver.",
+                        "3464")},
+    {57344, QT_TRANSLATE_NOOP3("PellLib", "Dorrit", "57344")},
+    {61000, QT_TRANSLATE_NOOP3("PellLib", "%1 failed: %2 (error %3).", "61000")},
+    {61001, QT_TRANSLATE_NOOP3("PellLib", "Source: %1, line %2", "61001")},
+    {61002, QT_TRANSLATE_NOOP3("PellLib", "Source: %1", "61002")},
+    {61003, QT_TRANSLATE_NOOP3("PellLib", "The command \"%1\" failed.", "61003")},
+    {61004, QT_TRANSLATE_NOOP3("PellLib", "%1 replied: %2", "61004")},
+    {61005, QT_TRANSLATE_NOOP3("PellLib", "Unknown system error.", "61005")},
+    {61010, QT_TRANSLATE_NOOP3("PellLib", "The request is not supported.", "61010")},
+    {61011, QT_TRANSLATE_NOOP3("PellLib", "The device is not present.", "61011")},
+    {61012, QT_TRANSLATE_NOOP3("PellLib", "The parameter is incorrect.", "61012")},
+    {61013, QT_TRANSLATE_NOOP3("PellLib", "Element not found.", "61013")},
+    {61014, QT_TRANSLATE_NOOP3("PellLib", "The operation was cancelled by the user.", "61014")},
+    {61015, QT_TRANSLATE_NOOP3("PellLib", "An internal error occurred.", "61015")},
+    {61016, QT_TRANSLATE_NOOP3("PellLib", "The operation timed out.", "61016")},
+    {61020, QT_TRANSLATE_NOOP3("PellLib", "Switching the power of the %1", "61020")},
+    {61021, QT_TRANSLATE_NOOP3("PellLib", "internal receiver", "61021")},
+    {61022, QT_TRANSLATE_NOOP3("PellLib", "internal modem", "61022")},
+};
+
+} // namespace
+
+std::span<const StringEntry> StringTable() {
+    return kEntries;
+}
+
+} // namespace pell

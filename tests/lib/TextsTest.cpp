@@ -1,0 +1,172 @@
+#include "lib/PellLib.h"
+#include "lib/PellLibDoc.h"
+#include "resources/StringIds.h"
+#include "resources/StringTable.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QXmlStreamReader>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <numbers>
+
+namespace {
+
+constexpr double kRadPerDeg = std::numbers::pi / 180.0;
+
+// Every test here runs in English unless it says otherwise.
+class TextsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        g_PellLibApp.LoadTranslation(QLocale::c());
+    }
+    void TearDown() override { SetUp(); }
+};
+
+TEST_F(TextsTest, AngleTexts) {
+    struct Case {
+        double degrees;
+        bool latitude;
+        const char* text;
+    };
+    const Case cases[] = {
+        {0.0, true, "00°00'0.0000''N"},
+        {0.0, false, "00°00'0.0000''E"},
+        {-0.5, true, "00°30'0.0000''S"},
+        {-33.75, true, "33°45'0.0000''S"},
+        {5.0, false, "05°00'0.0000''E"},
+        {139.5, false, "139°30'0.0000''E"},
+        {-179.999, false, "179°59'56.4000''W"},
+        {12.582, true, "12°34'55.2000''N"},
+        {90.0, true, "90°00'0.0000''N"},
+        // 10° 59' 59.99999'' prints its seconds as 60: no carry into the minute.
+        {10.0 + 59.0 / 60.0 + 59.99999 / 3600.0, true, "10°59'60.0000''N"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(g_PellLibApp.Coordinates2String(c.degrees, c.latitude), QString::fromUtf8(c.text))
+            << c.degrees;
+}
+
+TEST_F(TextsTest, GeodeticPositionTexts) {
+    struct Case {
+        vex::POS_GEO position;
+        const char* text;
+    };
+    const Case cases[] = {
+        {{(35 + 40.0 / 60 + 12.345678 / 3600) * kRadPerDeg,
+          (139 + 45.0 / 60 + 1.0 / 3600) * kRadPerDeg, 40.1234},
+         "35°40'12.345678''N; 139°45'1.000000''E; 40.1234m"},
+        {{-0.5 * kRadPerDeg, -5.25 * kRadPerDeg, -12.5},
+         "00°30'0.000000''S; 05°15'0.000000''W; -12.5000m"},
+        {{0.0, 0.0, 0.0}, "00°00'0.000000''N; 00°00'0.000000''E; 0.0000m"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(g_PellLibApp.Coordinates2String(c.position), QString::fromUtf8(c.text));
+}
+
+TEST_F(TextsTest, CartesianPositionTexts) {
+    struct Case {
+        vex::POS_XYZ position;
+        const char* text;
+    };
+    const Case cases[] = {
+        {{-2000000.5, 3000000.25, 4000000.0}, "-2000000.5000; 3000000.2500; 4000000.0000"},
+        {{0.0, 0.0, 0.0}, "0.0000; 0.0000; 0.0000"},
+        {{1.23456, -0.00004, 7.99996}, "1.2346; -0.0000; 8.0000"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(g_PellLibApp.Coordinates2String(c.position), QString::fromUtf8(c.text));
+}
+
+TEST_F(TextsTest, ApplicationNamesAndVersion) {
+    EXPECT_EQ(CPellLibDoc::GetShortApplicationName(false), QStringLiteral("Dorrit"));
+    EXPECT_EQ(CPellLibDoc::GetLongApplicationName(false), QStringLiteral("Fennickware"));
+    EXPECT_EQ(CPellLibDoc::GetApplicationVersion(false),
+              QStringLiteral("Version 3.5, build 169146"));
+    EXPECT_EQ(CPellLibDoc::GetApplicationVersion(true),
+              QStringLiteral("Version 3.5, build 169146"));
+}
+
+TEST_F(TextsTest, BuildDateIsALongDateInTheUsersLocale) {
+    const std::pair<QLocale, const char*> cases[] = {
+        {QLocale(QLocale::English, QLocale::UnitedStates), "Wednesday, October 2, 2019"},
+        {QLocale(QLocale::German, QLocale::Germany), "Mittwoch, 2. Oktober 2019"},
+        {QLocale(QLocale::French, QLocale::France), "mercredi 2 octobre 2019"},
+    };
+    for (const auto& [locale, text] : cases) {
+        QLocale::setDefault(locale);
+        EXPECT_EQ(CPellLibDoc::GetBuildDate(), QString::fromUtf8(text)) << text;
+    }
+}
+
+TEST_F(TextsTest, StringTableLookups) {
+    EXPECT_EQ(g_PellLibApp.LoadString(pell::ids::North), QStringLiteral("N"));
+    EXPECT_EQ(g_PellLibApp.LoadString(pell::ids::MetreUnit), QStringLiteral("m"));
+    EXPECT_EQ(g_PellLibApp.LoadString(pell::ids::WrongName), QStringLiteral("Wrong name"));
+    EXPECT_TRUE(g_PellLibApp.LoadString(2).isEmpty());
+    EXPECT_TRUE(g_PellLibApp.XLoadString(99999).isEmpty());
+    EXPECT_TRUE(
+        g_PellLibApp.LoadString(3214).startsWith("You are connecting to the unpowered receiver."));
+    EXPECT_TRUE(g_PellLibApp.LoadString(3464).contains("(Device -> Backpack Tools, Receiver tab)"));
+    EXPECT_TRUE(g_PellLibApp.LoadString(3247).contains("(Device -> Halvard Tools, Modem tab)"));
+
+    const auto table = pell::StringTable();
+    for (std::size_t i = 1; i < table.size(); ++i)
+        EXPECT_LT(table[i - 1].id, table[i].id) << "table must stay sorted at " << table[i].id;
+    for (const auto& entry : table)
+        EXPECT_EQ(QString::number(entry.id), QString::fromLatin1(entry.source.idText));
+}
+
+TEST_F(TextsTest, LocalisingLoaderUsesTheInstalledTranslation) {
+    ASSERT_TRUE(g_PellLibApp.LoadTranslation(QLocale(QLocale::German, QLocale::Germany)));
+    EXPECT_EQ(g_PellLibApp.XLoadString(pell::ids::East), QStringLiteral("O"));
+    EXPECT_EQ(g_PellLibApp.LoadString(pell::ids::East), QStringLiteral("E"));
+    EXPECT_EQ(CPellLibDoc::GetApplicationVersion(true),
+              QStringLiteral("Version 3.5, Build 169146"));
+    EXPECT_EQ(CPellLibDoc::GetApplicationVersion(false),
+              QStringLiteral("Version 3.5, build 169146"));
+    EXPECT_EQ(g_PellLibApp.Coordinates2String(-1.5, false), QString::fromUtf8("01°30'0.0000''W"));
+    EXPECT_EQ(g_PellLibApp.Coordinates2String(1.5, false), QString::fromUtf8("01°30'0.0000''O"));
+
+    // A language without a translation falls back to the table's English.
+    EXPECT_FALSE(g_PellLibApp.LoadTranslation(QLocale(QLocale::Japanese, QLocale::Japan)));
+    EXPECT_EQ(g_PellLibApp.XLoadString(pell::ids::East), QStringLiteral("E"));
+}
+
+// The catalog that the build makes from the table holds every entry under its id.
+TEST_F(TextsTest, GeneratedCatalogHoldsTheWholeTable) {
+    QFile file(QStringLiteral(PELL_TRANSLATIONS_DIR "/pell.ts"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    std::map<QString, QString> catalog; // id → source
+    QXmlStreamReader xml(&file);
+    QString source;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == QLatin1String("source"))
+            source = xml.readElementText();
+        else if (xml.name() == QLatin1String("comment"))
+            catalog[xml.readElementText()] = source;
+    }
+    ASSERT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    const auto table = pell::StringTable();
+    EXPECT_EQ(catalog.size(), table.size());
+    for (const auto& entry : table)
+        EXPECT_EQ(catalog[QString::number(entry.id)], QString::fromUtf8(entry.source.text));
+}
+
+TEST_F(TextsTest, DataAndHelpFoldersLieBesideTheLibrary) {
+    const QString data =
+        CPellLibApp::GetDataPath(QStringLiteral("CountryCodesISO3166-1"), QStringLiteral(".xml"));
+    const QString help = CPellLibApp::GetHelpPath(QStringLiteral("Index"), QStringLiteral(".html"));
+    // The tests sit in the same folder as the library.
+    const QString folder = QCoreApplication::applicationDirPath();
+    EXPECT_EQ(data, folder + QStringLiteral("/DATA/CountryCodesISO3166-1.xml"));
+    EXPECT_EQ(help, folder + QStringLiteral("/Help/Index.html"));
+    EXPECT_TRUE(QDir(folder + QStringLiteral("/DATA")).exists());
+}
+
+} // namespace

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "lib/MessagePresenter.h"
+
+#include <QString>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+namespace pell::test {
+
+// Points QSettings at a fresh temporary folder for the whole process.
+void IsolateSettings();
+// The file that holds the library's settings in the isolated location.
+QString SettingsFile();
+
+// Records every message box instead of showing it, answering with a preset result.
+class RecordingPresenter final : public IMessagePresenter {
+public:
+    struct Box {
+        QWidget* owner;
+        QString caption;
+        QString text;
+        unsigned style;
+    };
+
+    explicit RecordingPresenter(int answer = 1) : m_answer(answer) {}
+    int Show(QWidget* owner, const QString& caption, const QString& text, unsigned style) override {
+        m_boxes.push_back({owner, caption, text, style});
+        return m_answer;
+    }
+    const std::vector<Box>& Boxes() const { return m_boxes; }
+
+private:
+    int m_answer;
+    std::vector<Box> m_boxes;
+};
+
+// Installs a RecordingPresenter for the lifetime of the object.
+class ScopedPresenter {
+public:
+    explicit ScopedPresenter(int answer = 1);
+    ~ScopedPresenter();
+    ScopedPresenter(const ScopedPresenter&) = delete;
+    ScopedPresenter& operator=(const ScopedPresenter&) = delete;
+    const std::vector<RecordingPresenter::Box>& Boxes() const { return m_presenter->Boxes(); }
+
+private:
+    std::shared_ptr<RecordingPresenter> m_presenter;
+    std::shared_ptr<IMessagePresenter> m_previous;
+};
+
+} // namespace pell::test
