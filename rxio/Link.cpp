@@ -1,0 +1,79 @@
+#include "rxio/Link.h"
+
+#include <QSerialPort>
+#include <QTcpSocket>
+
+namespace rxio {
+
+CLink::CLink(std::unique_ptr<QIODevice> device, std::shared_ptr<const IPortAddr> address)
+    : m_device(std::move(device)), m_address(std::move(address)) {
+    connect(m_device.get(), &QIODevice::readChannelFinished, this,
+            [this] { ReportLost(tr("The receiver closed the connection.")); });
+    if (auto* socket = qobject_cast<QTcpSocket*>(m_device.get())) {
+        connect(socket, &QAbstractSocket::errorOccurred, this, [this, socket] {
+            ReportLost(tr("Connection error: %1").arg(socket->errorString()));
+        });
+    } else if (auto* serial = qobject_cast<QSerialPort*>(m_device.get())) {
+        connect(serial, &QSerialPort::errorOccurred, this,
+                [this, serial](QSerialPort::SerialPortError e) {
+                    if (e != QSerialPort::NoError && e != QSerialPort::TimeoutError)
+                        ReportLost(tr("Serial port error: %1").arg(serial->errorString()));
+                });
+    }
+}
+
+CLink::~CLink() {
+    Close();
+}
+
+QString CLink::Description() const {
+    return m_address ? m_address->GetName() : QString();
+}
+
+void CLink::Close() {
+    // Closing on purpose is not a loss.
+    m_lost = true;
+    if (m_device->isOpen())
+        m_device->close();
+}
+
+void CLink::ReportLost(const QString& reason) {
+    if (m_lost)
+        return;
+    m_lost = true;
+    emit lost(reason);
+}
+
+LinkResult OpenSerialLink(const QString& device, qint32 rate, bool rtsCts) {
+    auto port = std::make_unique<QSerialPort>(device);
+    port->setBaudRate(rate);
+    port->setDataBits(QSerialPort::Data8);
+    port->setParity(QSerialPort::NoParity);
+    port->setStopBits(QSerialPort::OneStop);
+    port->setFlowControl(rtsCts ? QSerialPort::HardwareControl : QSerialPort::NoFlowControl);
+    if (!port->open(QIODevice::ReadWrite))
+        return {nullptr, QObject::tr("Cannot open %1: %2").arg(device, port->errorString())};
+    auto address = std::make_shared<CPortAddr>(EPortType::LocalSerial, device);
+    return {std::make_unique<CLink>(std::move(port), std::move(address)), {}};
+}
+
+LinkResult OpenTcpLink(const QString& host, quint16 port, int timeoutMs) {
+    auto socket = std::make_unique<QTcpSocket>();
+    socket->connectToHost(host, port);
+    if (!socket->waitForConnected(timeoutMs))
+        return {nullptr, QObject::tr("Cannot connect to %1:%2: %3")
+                             .arg(host)
+                             .arg(port)
+                             .arg(socket->errorString())};
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    auto address = std::make_shared<CPortAddr>(EPortType::Tcp,
+                                               host + QLatin1Char(':') + QString::number(port));
+    return {std::make_unique<CLink>(std::move(socket), std::move(address)), {}};
+}
+
+LinkResult OpenInProcessLink(std::unique_ptr<QIODevice> end, const QString& name) {
+    auto address = std::make_shared<CPortAddr>(EPortType::InProcess, name);
+    return {std::make_unique<CLink>(std::move(end), std::move(address)), {}};
+}
+
+} // namespace rxio

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "rxio/rxio_export.h"
+
+#include <QByteArray>
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace rxio {
+
+// The two conditions that end every open window; see docs/protocol.md.
+enum ENotification : int {
+    NotifyConnectionLost = 8, // peer closed, serial error, read failure
+    NotifyReceiverGone = 9,   // the receiver announced a reset or power-off
+};
+
+// Told about a notification kind it was registered for. Receivers hold notices weakly: a
+// notice that is gone is simply not told.
+class RXIO_EXPORT INotice {
+public:
+    virtual ~INotice();
+    virtual void Notify(ENotification kind) = 0;
+
+    // A notice that calls `action`.
+    static std::shared_ptr<INotice> CreateInstance(std::function<void(ENotification)> action);
+};
+
+struct CommandResult {
+    enum EStatus {
+        Completed,    // `reply` holds the receiver's answer
+        TimedOut,     // no answer within the time allowed
+        Disconnected, // the connection went before an answer came
+    };
+    EStatus status = Completed;
+    bool error = false; // the answer is an error reply {code,,text}
+    QString reply;
+};
+
+struct ReceiverIdentity {
+    QString model;
+    QString firmware;
+    QString board;
+    QString serialNumber;
+};
+
+// The raw port beneath a receiver connection, for talking to a device behind the receiver
+// while the connection's own use of the port is suspended.
+class RXIO_EXPORT IPort {
+public:
+    static constexpr unsigned PurgeReceive = 8;
+
+    virtual ~IPort();
+    virtual void Purge(unsigned flags) = 0;
+    virtual void Write(const QByteArray& bytes) = 0;
+    // Bytes ready to read now; lets pending input arrive first.
+    virtual std::size_t BytesWaiting() = 0;
+    virtual QByteArray Read(std::size_t count) = 0;
+};
+
+// A connected receiver: one command at a time on the wire, replies matched to their command,
+// notices for the conditions that end a session. Used from the thread that owns it.
+class RXIO_EXPORT IReceiver {
+public:
+    using CommandId = std::uint64_t;
+    using Completion = std::function<void(const CommandResult&)>;
+
+    virtual ~IReceiver();
+
+    // Queues `command` (one line of the command language) and returns at once; `done` is called
+    // exactly once, later, from the event loop, unless the command is abandoned first.
+    virtual CommandId StartCommand(const QString& command, int timeoutMs, Completion done) = 0;
+    // Forgets a command: `done` is never called, a late reply to it is dropped.
+    virtual void Abandon(CommandId id) = 0;
+    virtual bool IsConnected() const = 0;
+
+    virtual void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) = 0;
+
+    virtual IPort& Port() = 0;
+    // While suspended, every byte from the receiver goes to Port() untouched.
+    virtual void SuspendPort() = 0;
+    virtual void ResumePort() = 0;
+
+    virtual ReceiverIdentity Identity() const = 0;
+};
+
+} // namespace rxio

@@ -1,0 +1,255 @@
+#include "rxio/ReceiverConnection.h"
+
+#include <QLoggingCategory>
+#include <QPointer>
+
+Q_LOGGING_CATEGORY(lcRxio, "pell.rxio", QtWarningMsg)
+
+namespace rxio {
+
+INotice::~INotice() = default;
+IPort::~IPort() = default;
+IReceiver::~IReceiver() = default;
+
+namespace {
+
+class FunctionNotice final : public INotice {
+public:
+    explicit FunctionNotice(std::function<void(ENotification)> action)
+        : m_action(std::move(action)) {}
+    void Notify(ENotification kind) override { m_action(kind); }
+
+private:
+    std::function<void(ENotification)> m_action;
+};
+
+// A command must stay one line: anything that would end it early is refused before it is sent.
+bool IsOneLine(const QString& command) {
+    return !command.contains(QLatin1Char('\n')) && !command.contains(QLatin1Char('\r')) &&
+           !command.contains(QChar(0));
+}
+
+} // namespace
+
+std::shared_ptr<INotice> INotice::CreateInstance(std::function<void(ENotification)> action) {
+    return std::make_shared<FunctionNotice>(std::move(action));
+}
+
+// The link's device seen as a raw port; reads see only what arrived while suspended.
+class CReceiverConnection::RawPort final : public IPort {
+public:
+    explicit RawPort(CReceiverConnection& owner) : m_owner(owner) {}
+
+    void Purge(unsigned flags) override {
+        if (flags & PurgeReceive) {
+            m_owner.OnReadyRead();
+            m_buffer.clear();
+        }
+    }
+    void Write(const QByteArray& bytes) override { m_owner.m_link->Device().write(bytes); }
+    std::size_t BytesWaiting() override {
+        if (m_buffer.isEmpty())
+            m_owner.m_link->Device().waitForReadyRead(0);
+        m_owner.OnReadyRead();
+        return static_cast<std::size_t>(m_buffer.size());
+    }
+    QByteArray Read(std::size_t count) override {
+        const QByteArray out = m_buffer.left(static_cast<qsizetype>(count));
+        m_buffer.remove(0, out.size());
+        return out;
+    }
+
+    QByteArray m_buffer;
+
+private:
+    CReceiverConnection& m_owner;
+};
+
+CReceiverConnection::CReceiverConnection(std::unique_ptr<CLink> link)
+    : m_link(std::move(link)), m_port(std::make_unique<RawPort>(*this)) {
+    m_timeout.setSingleShot(true);
+    connect(&m_timeout, &QTimer::timeout, this, [this] {
+        qCWarning(lcRxio) << "time-out:" << (m_inFlight ? m_inFlight->command : QString());
+        Finish({CommandResult::TimedOut, false, {}});
+    });
+    connect(&m_link->Device(), &QIODevice::readyRead, this, &CReceiverConnection::OnReadyRead);
+    connect(m_link.get(), &CLink::lost, this, &CReceiverConnection::OnLost);
+    m_parser.onFrame = [this](const Frame& frame) {
+        OnFrame(frame);
+    };
+    m_parser.onNmea = [this](const QByteArray& line) {
+        emit nmeaReceived(line);
+    };
+}
+
+CReceiverConnection::~CReceiverConnection() {
+    m_parser.onFrame = nullptr;
+    m_parser.onNmea = nullptr;
+    m_link->Close();
+}
+
+IReceiver::CommandId CReceiverConnection::StartCommand(const QString& command, int timeoutMs,
+                                                       Completion done) {
+    const CommandId id = m_nextId++;
+    if (!IsOneLine(command) || !m_connected) {
+        // Answered from the event loop like any reply, so callers see one behaviour.
+        const CommandResult result =
+            m_connected
+                ? CommandResult{CommandResult::Completed, true, QStringLiteral("{3,,bad syntax}")}
+                : CommandResult{CommandResult::Disconnected, false, {}};
+        QMetaObject::invokeMethod(
+            this, [done = std::move(done), result] { done(result); }, Qt::QueuedConnection);
+        return id;
+    }
+    m_queue.push_back({id, command, timeoutMs, std::move(done)});
+    SendNext();
+    return id;
+}
+
+void CReceiverConnection::Abandon(CommandId id) {
+    std::erase_if(m_queue, [id](const Pending& p) { return p.id == id; });
+    if (m_inFlight && m_inFlight->id == id) {
+        // Its reply may still come: the id no longer matches anything, so it is dropped.
+        m_inFlight.reset();
+        m_timeout.stop();
+        SendNext();
+    }
+}
+
+void CReceiverConnection::RegisterNotice(const std::shared_ptr<INotice>& notice,
+                                         ENotification kind) {
+    std::erase_if(m_notices, [](const auto& entry) { return entry.first.expired(); });
+    m_notices.emplace_back(notice, kind);
+}
+
+IPort& CReceiverConnection::Port() {
+    return *m_port;
+}
+
+void CReceiverConnection::SuspendPort() {
+    m_suspended = true;
+}
+
+void CReceiverConnection::ResumePort() {
+    m_suspended = false;
+    m_parser.Reset();
+    const QByteArray rest = std::exchange(m_port->m_buffer, {});
+    m_parser.Feed(rest);
+    SendNext();
+}
+
+void CReceiverConnection::Identify(int timeoutMs) {
+    struct Step {
+        const char* path;
+        QString ReceiverIdentity::*field;
+    };
+    static const Step steps[] = {
+        {"rcv/model", &ReceiverIdentity::model},
+        {"rcv/ver/main", &ReceiverIdentity::firmware},
+        {"rcv/ver/board", &ReceiverIdentity::board},
+        {"rcv/id", &ReceiverIdentity::serialNumber},
+    };
+    auto remaining = std::make_shared<int>(static_cast<int>(std::size(steps)));
+    QPointer<CReceiverConnection> self(this);
+    for (const Step& step : steps) {
+        StartCommand(QStringLiteral("print,") + QLatin1String(step.path), timeoutMs,
+                     [self, remaining, field = step.field](const CommandResult& result) {
+                         if (!self)
+                             return;
+                         if (result.status == CommandResult::Completed && !result.error) {
+                             QString value = result.reply.trimmed();
+                             if (value.size() >= 2 && value.startsWith(QLatin1Char('"')) &&
+                                 value.endsWith(QLatin1Char('"')))
+                                 value = value.mid(1, value.size() - 2);
+                             self->m_identity.*field = value;
+                         }
+                         if (--*remaining == 0)
+                             emit self->identified(self->m_identity);
+                     });
+    }
+}
+
+void CReceiverConnection::Disconnect() {
+    if (!m_connected)
+        return;
+    m_link->Close();
+    EndSession();
+}
+
+void CReceiverConnection::OnReadyRead() {
+    const QByteArray bytes = m_link->Device().readAll();
+    if (bytes.isEmpty())
+        return;
+    qCDebug(lcRxio) << "in:" << bytes;
+    if (m_suspended)
+        m_port->m_buffer.append(bytes);
+    else
+        m_parser.Feed(bytes);
+}
+
+void CReceiverConnection::OnFrame(const Frame& frame) {
+    if (frame.kind == EFrameKind::Notice) {
+        Notify(NotifyReceiverGone);
+        return;
+    }
+    if (!m_inFlight || frame.id != QByteArray::number(m_inFlight->id)) {
+        ++m_unmatched;
+        qCInfo(lcRxio) << "dropped a reply nobody waits for, id" << frame.id;
+        return;
+    }
+    Finish({CommandResult::Completed, frame.kind == EFrameKind::Error,
+            QString::fromUtf8(frame.payload)});
+}
+
+void CReceiverConnection::Finish(CommandResult result) {
+    m_timeout.stop();
+    if (!m_inFlight)
+        return;
+    Completion done = std::move(m_inFlight->done);
+    m_inFlight.reset();
+    SendNext();
+    if (done)
+        done(result);
+}
+
+void CReceiverConnection::SendNext() {
+    if (m_inFlight || m_queue.empty() || !m_connected || m_suspended)
+        return;
+    m_inFlight = std::move(m_queue.front());
+    m_queue.pop_front();
+    const QByteArray bytes = EncodeCommand(QByteArray::number(m_inFlight->id), m_inFlight->command);
+    qCDebug(lcRxio) << "out:" << bytes;
+    m_link->Device().write(bytes);
+    m_timeout.start(m_inFlight->timeoutMs);
+}
+
+void CReceiverConnection::OnLost(const QString& reason) {
+    if (!m_connected)
+        return;
+    EndSession();
+    emit connectionLost(reason);
+    Notify(NotifyConnectionLost);
+}
+
+void CReceiverConnection::EndSession() {
+    m_connected = false;
+    m_timeout.stop();
+    std::deque<Pending> pending = std::exchange(m_queue, {});
+    if (m_inFlight) {
+        pending.push_front(std::move(*m_inFlight));
+        m_inFlight.reset();
+    }
+    for (Pending& p : pending)
+        if (p.done)
+            p.done({CommandResult::Disconnected, false, {}});
+}
+
+void CReceiverConnection::Notify(ENotification kind) {
+    const auto notices = m_notices; // a notice may register others
+    for (const auto& [weak, registeredKind] : notices)
+        if (registeredKind == kind)
+            if (const auto notice = weak.lock())
+                notice->Notify(kind);
+}
+
+} // namespace rxio

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "rxio/Framing.h"
+#include "rxio/Link.h"
+#include "rxio/Receiver.h"
+#include "rxio/rxio_export.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QTimer>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace rxio {
+
+// A receiver on the other end of a link, speaking the protocol of docs/protocol.md.
+class RXIO_EXPORT CReceiverConnection final : public QObject, public IReceiver {
+    Q_OBJECT
+public:
+    explicit CReceiverConnection(std::unique_ptr<CLink> link);
+    ~CReceiverConnection() override;
+
+    CommandId StartCommand(const QString& command, int timeoutMs, Completion done) override;
+    void Abandon(CommandId id) override;
+    bool IsConnected() const override { return m_connected; }
+    void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) override;
+    IPort& Port() override;
+    void SuspendPort() override;
+    void ResumePort() override;
+    ReceiverIdentity Identity() const override { return m_identity; }
+
+    // Reads the receiver's identity; `identified` follows (also when some parts are missing).
+    void Identify(int timeoutMs = 3000);
+    // Closes the link on purpose: pending commands end as disconnected, no notice is raised.
+    void Disconnect();
+
+    CLink& Link() { return *m_link; }
+    // Replies that matched no pending command (late, abandoned or unasked), and skipped bytes.
+    std::uint64_t UnmatchedReplies() const { return m_unmatched; }
+    std::uint64_t GarbageBytes() const { return m_parser.GarbageBytes(); }
+
+signals:
+    void identified(const rxio::ReceiverIdentity& identity);
+    void connectionLost(const QString& reason);
+    void nmeaReceived(const QByteArray& sentence);
+
+private:
+    struct Pending {
+        CommandId id;
+        QString command;
+        int timeoutMs;
+        Completion done;
+    };
+    class RawPort;
+
+    void OnReadyRead();
+    void OnFrame(const Frame& frame);
+    void OnLost(const QString& reason);
+    void SendNext();
+    void Finish(CommandResult result);
+    void Notify(ENotification kind);
+    // Ends every pending command as disconnected.
+    void EndSession();
+
+    std::unique_ptr<CLink> m_link;
+    CFrameParser m_parser;
+    std::unique_ptr<RawPort> m_port;
+    bool m_connected = true;
+    bool m_suspended = false;
+    CommandId m_nextId = 1;
+    std::deque<Pending> m_queue;
+    std::optional<Pending> m_inFlight;
+    QTimer m_timeout;
+    std::vector<std::pair<std::weak_ptr<INotice>, ENotification>> m_notices;
+    ReceiverIdentity m_identity;
+    std::uint64_t m_unmatched = 0;
+};
+
+} // namespace rxio

@@ -1,0 +1,438 @@
+#include "ReceiverState.h"
+
+#include <cmath>
+
+namespace rxsim {
+
+namespace {
+
+// Identity paths and the profile field that answers each.
+const std::pair<const char*, QString Profile::*> kIdentity[] = {
+    {"rcv/model", &Profile::model},
+    {"rcv/ver/main", &Profile::firmware},
+    {"rcv/ver/board", &Profile::board},
+    {"rcv/id", &Profile::serial},
+};
+
+QStringList SplitTopLevel(const QString& text, QChar separator) {
+    QStringList parts;
+    QString current;
+    int depth = 0;
+    bool quoted = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (quoted) {
+            current += c;
+            if (c == QLatin1Char('\\') && i + 1 < text.size())
+                current += text.at(++i);
+            else if (c == QLatin1Char('"'))
+                quoted = false;
+            continue;
+        }
+        if (c == QLatin1Char('"'))
+            quoted = true;
+        else if (c == QLatin1Char('{'))
+            ++depth;
+        else if (c == QLatin1Char('}'))
+            --depth;
+        else if (c == separator && depth == 0) {
+            parts << current;
+            current.clear();
+            continue;
+        }
+        current += c;
+    }
+    parts << current;
+    return parts;
+}
+
+// "text" with \" \\ \r \n escapes → the text; nullopt when not one well-formed quoted string.
+std::optional<QString> Unquote(const QString& value) {
+    if (value.size() < 2 || !value.startsWith(QLatin1Char('"')) ||
+        !value.endsWith(QLatin1Char('"')))
+        return std::nullopt;
+    QString out;
+    for (qsizetype i = 1; i < value.size() - 1; ++i) {
+        QChar c = value.at(i);
+        if (c == QLatin1Char('"'))
+            return std::nullopt;
+        if (c == QLatin1Char('\\')) {
+            if (++i >= value.size() - 1)
+                return std::nullopt;
+            c = value.at(i);
+            if (c == QLatin1Char('r'))
+                c = QLatin1Char('\r');
+            else if (c == QLatin1Char('n'))
+                c = QLatin1Char('\n');
+            else if (c != QLatin1Char('"') && c != QLatin1Char('\\'))
+                return std::nullopt;
+        }
+        out += c;
+    }
+    return out;
+}
+
+QString Quote(const QString& text) {
+    QString out = QStringLiteral("\"");
+    for (const QChar c : text) {
+        if (c == QLatin1Char('"') || c == QLatin1Char('\\'))
+            out += QLatin1Char('\\') + c;
+        else if (c == QLatin1Char('\r'))
+            out += QStringLiteral("\\r");
+        else if (c == QLatin1Char('\n'))
+            out += QStringLiteral("\\n");
+        else
+            out += c;
+    }
+    return out + QLatin1Char('"');
+}
+
+bool BalancedBraces(const QString& value) {
+    int depth = 0;
+    for (const QChar c : value) {
+        depth += c == QLatin1Char('{') ? 1 : c == QLatin1Char('}') ? -1 : 0;
+        if (depth < 0)
+            return false;
+    }
+    return depth == 0;
+}
+
+struct Target {
+    QString path;
+    QString attribute; // "def", "size", ... or empty
+    bool subtree = false;
+};
+
+Target ParseTarget(QString text) {
+    Target t;
+    if (text.endsWith(QLatin1String(":on"))) {
+        t.subtree = true;
+        text.chop(3);
+    }
+    const qsizetype amp = text.indexOf(QLatin1Char('&'));
+    if (amp >= 0) {
+        t.attribute = text.mid(amp + 1);
+        text.truncate(amp);
+    }
+    t.path = CModel::Canonical(text);
+    return t;
+}
+
+} // namespace
+
+Answer ErrorAnswer(int code, const QString& text) {
+    return {true, QStringLiteral("{%1,,%2}").arg(code).arg(text)};
+}
+
+QStringList CReceiverState::SplitCommands(const QString& line) {
+    return SplitTopLevel(line, QLatin1Char(';'));
+}
+
+CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
+    : m_model(model), m_profile(profile) {
+    for (const ParamSpec& spec : model.Params()) {
+        if (!spec.feature.isEmpty() && !profile.features.contains(spec.feature))
+            continue;
+        if (spec.kind == ParamSpec::List)
+            m_lists[spec.path] = &spec;
+        else
+            AddParam(spec, spec.path);
+    }
+    for (const auto& [path, value] : profile.values)
+        if (auto it = m_params.find(path); it != m_params.end())
+            it->second.value = value;
+    for (const auto& [path, field] : kIdentity)
+        if (auto it = m_params.find(QLatin1String(path)); it != m_params.end())
+            it->second.value = profile.*field;
+}
+
+void CReceiverState::AddParam(const ParamSpec& spec, const QString& path) {
+    m_params[path] = {&spec, spec.defaultValue};
+}
+
+std::optional<QString> CReceiverState::Value(const QString& path) const {
+    const QString canonical = CModel::Canonical(path);
+    if (!Exists(canonical))
+        return std::nullopt;
+    return Subtree(canonical);
+}
+
+bool CReceiverState::Exists(const QString& path) const {
+    if (m_params.contains(path) || m_lists.contains(path))
+        return true;
+    const auto next = m_params.lower_bound(path + QLatin1Char('/'));
+    return next != m_params.end() && next->first.startsWith(path + QLatin1Char('/'));
+}
+
+QStringList CReceiverState::Children(const QString& path) const {
+    QStringList names;
+    const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
+    for (auto it = m_params.lower_bound(prefix); it != m_params.end(); ++it) {
+        if (!it->first.startsWith(prefix))
+            break;
+        const QString name = it->first.mid(prefix.size()).section(QLatin1Char('/'), 0, 0);
+        if (names.isEmpty() || names.back() != name)
+            names << name;
+    }
+    return names;
+}
+
+QString CReceiverState::Subtree(const QString& path) const {
+    if (const auto it = m_params.find(path); it != m_params.end()) {
+        const ParamSpec& spec = *it->second.spec;
+        return spec.kind == ParamSpec::Text ? Quote(it->second.value) : it->second.value;
+    }
+    QStringList parts;
+    for (const QString& name : Children(path)) {
+        bool index = false;
+        const int number = name.toInt(&index);
+        // List items are keyed by their number: 0={...},3={...}
+        parts << (index ? QString::number(number) : name) + QLatin1Char('=') +
+                     Subtree(path + QLatin1Char('/') + name);
+    }
+    return QLatin1Char('{') + parts.join(QLatin1Char(',')) + QLatin1Char('}');
+}
+
+bool CReceiverState::IsPort(const QString& path) const {
+    for (const PortSpec& port : m_model.Ports())
+        if (port.path == path &&
+            (port.feature.isEmpty() || m_profile.features.contains(port.feature)))
+            return true;
+    return false;
+}
+
+Answer CReceiverState::Execute(const QString& line, SideEffects& effects) {
+    QStringList replies;
+    for (const QString& command : SplitCommands(line)) {
+        Answer answer = RunOne(command.trimmed(), effects);
+        if (answer.error)
+            return answer;
+        replies << answer.text;
+    }
+    return {false, replies.join(QLatin1Char(';'))};
+}
+
+Answer CReceiverState::RunOne(const QString& command, SideEffects& effects) {
+    static const std::map<QString, Handler> verbs = {
+        {"print", &CReceiverState::Print},       {"set", &CReceiverState::Set},
+        {"list", &CReceiverState::List},         {"init", &CReceiverState::Init},
+        {"create", &CReceiverState::Create},     {"remove", &CReceiverState::Remove},
+        {"em", &CReceiverState::EnableMessages}, {"dm", &CReceiverState::DisableMessages},
+        {"out", &CReceiverState::Out},           {"event", &CReceiverState::Event},
+        {"power", &CReceiverState::Power},       {"reset", &CReceiverState::Reset},
+    };
+    QStringList args = SplitTopLevel(command, QLatin1Char(','));
+    const QString verb = args.takeFirst().trimmed().toLower();
+    const auto handler = verbs.find(verb);
+    if (handler == verbs.end())
+        return ErrorAnswer(4, QStringLiteral("unknown command"));
+    return (this->*handler->second)(args, effects);
+}
+
+Answer CReceiverState::Print(const QStringList& args, SideEffects&) {
+    if (args.size() != 1)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const Target t = ParseTarget(args[0]);
+    if (!Exists(t.path))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    if (t.attribute == QLatin1String("def")) {
+        const auto it = m_params.find(t.path);
+        if (it == m_params.end())
+            return ErrorAnswer(1, QStringLiteral("unknown path"));
+        const ParamSpec& spec = *it->second.spec;
+        return {false, spec.kind == ParamSpec::Text ? Quote(spec.defaultValue) : spec.defaultValue};
+    }
+    if (t.attribute == QLatin1String("size"))
+        return {false, QString::number(Children(t.path).size())};
+    if (!t.attribute.isEmpty())
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    return {false, Subtree(t.path)};
+}
+
+std::optional<QString> CReceiverState::Validate(const ParamSpec& spec, const QString& value) const {
+    switch (spec.kind) {
+    case ParamSpec::Enum: {
+        const EnumSpec& e = m_model.Enums().at(spec.enumName);
+        if (e.numeric) {
+            bool ok = false;
+            const long long number = value.toLongLong(&ok);
+            for (const QString& text : e.texts)
+                if (ok && text.toLongLong() == number)
+                    return text;
+            return std::nullopt;
+        }
+        return e.texts.contains(value) ? std::optional<QString>(value) : std::nullopt;
+    }
+    case ParamSpec::Int:
+    case ParamSpec::UInt: {
+        bool ok = false;
+        const long long number = value.toLongLong(&ok);
+        if (!ok || number < spec.min || number > spec.max)
+            return std::nullopt;
+        return QString::number(number);
+    }
+    case ParamSpec::Real: {
+        bool ok = false;
+        const double number = value.toDouble(&ok);
+        if (!ok || !std::isfinite(number) || number < spec.min || number > spec.max)
+            return std::nullopt;
+        return value;
+    }
+    case ParamSpec::Text: {
+        const auto text = Unquote(value);
+        if (!text || (spec.maxLength > 0 && text->size() > spec.maxLength))
+            return std::nullopt;
+        return text;
+    }
+    case ParamSpec::Raw:
+    case ParamSpec::List:
+        return !value.isEmpty() && BalancedBraces(value) ? std::optional<QString>(value)
+                                                         : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+Answer CReceiverState::Set(const QStringList& args, SideEffects&) {
+    if (args.size() < 2)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString path = ParseTarget(args[0]).path;
+    const QString value = args.mid(1).join(QLatin1Char(',')).trimmed();
+    const auto it = m_params.find(path);
+    if (it == m_params.end())
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    const ParamSpec& spec = *it->second.spec;
+    if (spec.readonly)
+        return ErrorAnswer(2, QStringLiteral("access denied"));
+    if (spec.kind == ParamSpec::Text && !Unquote(value))
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const auto accepted = Validate(spec, value);
+    if (!accepted)
+        return ErrorAnswer(2, QStringLiteral("value out of range"));
+    it->second.value = *accepted;
+    return {};
+}
+
+Answer CReceiverState::List(const QStringList& args, SideEffects&) {
+    if (args.size() != 1)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString path = ParseTarget(args[0]).path;
+    if (!Exists(path))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    return {false, QLatin1Char('{') + Children(path).join(QLatin1Char(',')) + QLatin1Char('}')};
+}
+
+Answer CReceiverState::Init(const QStringList& args, SideEffects&) {
+    if (args.size() != 1)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString path = ParseTarget(args[0]).path;
+    if (!path.isEmpty() && !Exists(path))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
+    for (auto& [name, param] : m_params)
+        if ((name == path || name.startsWith(prefix)) && !param.spec->readonly)
+            param.value = param.spec->defaultValue;
+    return {};
+}
+
+Answer CReceiverState::Create(const QStringList& args, SideEffects&) {
+    if (args.isEmpty() || args.size() > 2)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString path = ParseTarget(args[0]).path;
+    const auto list = m_lists.find(path);
+    if (list == m_lists.end())
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    const ParamSpec& spec = *list->second;
+    const QStringList used = Children(path);
+    int index = 0;
+    if (args.size() == 2) {
+        bool ok = false;
+        index = args[1].trimmed().toInt(&ok);
+        if (!ok || index < 0 || index >= spec.maxItems)
+            return ErrorAnswer(2, QStringLiteral("value out of range"));
+    } else {
+        while (used.contains(QString::asprintf("%02d", index)))
+            ++index;
+        if (index >= spec.maxItems)
+            return ErrorAnswer(2, QStringLiteral("value out of range"));
+    }
+    const QString item = path + QLatin1Char('/') + QString::asprintf("%02d", index);
+    for (const ParamSpec& field : spec.item)
+        AddParam(field, item + QLatin1Char('/') + field.path);
+    return {false, QString::number(index)};
+}
+
+Answer CReceiverState::Remove(const QStringList& args, SideEffects&) {
+    if (args.size() != 1)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString path = ParseTarget(args[0]).path;
+    if (!m_lists.contains(path.section(QLatin1Char('/'), 0, -2)) || !Exists(path))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    std::erase_if(m_params, [&](const auto& entry) {
+        return entry.first.startsWith(path + QLatin1Char('/'));
+    });
+    return {};
+}
+
+Answer CReceiverState::EnableMessages(const QStringList& args, SideEffects&) {
+    if (args.size() != 2)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString port = CModel::Canonical(args[0]);
+    if (!IsPort(port))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    if (m_refusing.contains(port))
+        return ErrorAnswer(2, QStringLiteral("access denied"));
+    m_messages[port] << args[1].trimmed();
+    return {};
+}
+
+Answer CReceiverState::DisableMessages(const QStringList& args, SideEffects&) {
+    if (args.isEmpty() || args.size() > 2)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString port = CModel::Canonical(args[0]);
+    if (!IsPort(port))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    if (args.size() == 1)
+        m_messages.erase(port);
+    else
+        m_messages[port].removeAll(args[1].trimmed());
+    return {};
+}
+
+Answer CReceiverState::Out(const QStringList& args, SideEffects& effects) {
+    if (args.size() != 2)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    const QString port = CModel::Canonical(args[0]);
+    if (!IsPort(port))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    if (m_refusing.contains(port))
+        return ErrorAnswer(2, QStringLiteral("access denied"));
+    const auto text = Unquote(args[1].trimmed());
+    if (!text)
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    effects.portOutput.emplace_back(port, text->toUtf8());
+    return {};
+}
+
+Answer CReceiverState::Event(const QStringList& args, SideEffects&) {
+    const auto text = args.size() == 1 ? Unquote(args[0].trimmed()) : std::nullopt;
+    if (!text || !text->contains(QLatin1Char('=')))
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    m_events << *text;
+    return {};
+}
+
+Answer CReceiverState::Power(const QStringList& args, SideEffects& effects) {
+    if (args != QStringList{QStringLiteral("off")})
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    effects.powerOff = true;
+    return {};
+}
+
+Answer CReceiverState::Reset(const QStringList& args, SideEffects& effects) {
+    if (args != QStringList{QStringLiteral("yes")})
+        return ErrorAnswer(3, QStringLiteral("bad syntax"));
+    effects.reset = true;
+    return {};
+}
+
+} // namespace rxsim

@@ -1,0 +1,286 @@
+#include "Model.h"
+#include "Pty.h"
+#include "Simulator.h"
+#include "rxio/Pipe.h"
+#include "rxio/ReceiverConnection.h"
+
+#include <QEventLoop>
+#include <QSerialPort>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+using rxio::CommandResult;
+using rxio::CReceiverConnection;
+
+std::shared_ptr<const rxsim::CModel> SmallModel() {
+    static const auto model = std::make_shared<const rxsim::CModel>(
+        rxsim::CModel::Load(QStringLiteral(TEST_DATA_DIR "/model-small.json")));
+    return model;
+}
+
+void Spin(int ms) {
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+// Runs one command to its end with the event loop turning.
+CommandResult Exec(rxio::IReceiver& receiver, const QString& command, int timeoutMs = 2000) {
+    CommandResult result;
+    bool done = false;
+    QEventLoop loop;
+    receiver.StartCommand(command, timeoutMs, [&](const CommandResult& r) {
+        result = r;
+        done = true;
+        loop.quit();
+    });
+    if (!done)
+        loop.exec();
+    return result;
+}
+
+// The receiver through one of the three links.
+class Bench {
+public:
+    enum ELink { InProcess, Tcp, Pty };
+
+    explicit Bench(ELink kind, const QString& profile = QStringLiteral("alpha"))
+        : simulator(SmallModel(), profile) {
+        std::unique_ptr<rxio::CLink> link;
+        if (kind == InProcess) {
+            auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
+            receiverEnd = std::move(theirs);
+            simulator.Serve(receiverEnd.get());
+            link = rxio::OpenInProcessLink(std::move(mine), QStringLiteral("sim")).link;
+        } else if (kind == Tcp) {
+            server.listen(QHostAddress::LocalHost);
+            QObject::connect(&server, &QTcpServer::newConnection, [this] {
+                socket.reset(server.nextPendingConnection());
+                simulator.Serve(socket.get());
+            });
+            link = rxio::OpenTcpLink(QStringLiteral("127.0.0.1"), server.serverPort(), 2000).link;
+            for (int i = 0; i < 200 && !socket; ++i)
+                Spin(5);
+        } else {
+            pty = std::make_unique<rxsim::CPty>();
+            simulator.Serve(pty.get());
+            auto opened = rxio::OpenSerialLink(pty->SlavePath(), 115200, false);
+            EXPECT_TRUE(opened.link) << opened.error.toStdString();
+            link = std::move(opened.link);
+        }
+        connection = std::make_unique<CReceiverConnection>(std::move(link));
+    }
+
+    rxsim::CSimulator simulator;
+    std::unique_ptr<QIODevice> receiverEnd;
+    QTcpServer server;
+    std::unique_ptr<QTcpSocket> socket;
+    std::unique_ptr<rxsim::CPty> pty;
+    std::unique_ptr<CReceiverConnection> connection;
+};
+
+class EveryLink : public testing::TestWithParam<Bench::ELink> {};
+
+TEST_P(EveryLink, VerbsAndErrorsEndToEnd) {
+    Bench bench(GetParam());
+    struct Case {
+        const char* command;
+        bool error;
+        const char* reply;
+    };
+    const Case cases[] = {
+        {"print,/par/pos/elm", false, "10"},
+        {"set,/par/pos/elm,12", false, ""},
+        {"print,pos/elm", false, "12"},
+        {"set,pos/elm,300", true, "{2,,value out of range}"},
+        {"print,/par/none", true, "{1,,unknown path}"},
+        {"set,rcv/uptime,0", true, "{2,,access denied}"},
+        {"set,net/wifi/ssid,\"a%b{c}\\\"d\"", false, ""},
+        {"print,net/wifi/ssid", false, "\"a%b{c}\\\"d\""},
+        {"print,dev/ser/a/rate;print,dev/ser/b/rate", false, "115200;9600"},
+        {"print,dev/ser/a:on", false, "{rate=115200,rtscts=off}"},
+        {"nonsense", true, "{4,,unknown command}"},
+    };
+    for (const Case& c : cases) {
+        const CommandResult r = Exec(*bench.connection, QString::fromUtf8(c.command));
+        EXPECT_EQ(r.status, CommandResult::Completed) << c.command;
+        EXPECT_EQ(r.error, c.error) << c.command;
+        EXPECT_EQ(r.reply, QString::fromUtf8(c.reply)) << c.command;
+    }
+}
+
+TEST_P(EveryLink, IdentityIsRead) {
+    Bench bench(GetParam());
+    QSignalSpy identified(bench.connection.get(), &CReceiverConnection::identified);
+    bench.connection->Identify();
+    ASSERT_TRUE(identified.wait(3000));
+    const rxio::ReceiverIdentity id = bench.connection->Identity();
+    EXPECT_EQ(id.model, QStringLiteral("Ostrel Q"));
+    EXPECT_EQ(id.firmware, QStringLiteral("4.2.1"));
+    EXPECT_EQ(id.board, QStringLiteral("B-7"));
+    EXPECT_EQ(id.serialNumber, QStringLiteral("SN-0042A"));
+}
+
+TEST_P(EveryLink, ALateReplyIsNeverTakenForTheNextOne) {
+    Bench bench(GetParam());
+    bench.simulator.GetFaults().latencyMs = 150;
+    const CommandResult first = Exec(*bench.connection, QStringLiteral("print,pos/elm"), 50);
+    EXPECT_EQ(first.status, CommandResult::TimedOut);
+    bench.simulator.GetFaults().latencyMs = 0;
+    Spin(200); // the late "10" arrives now
+    const CommandResult second = Exec(*bench.connection, QStringLiteral("print,dev/ser/b/rate"));
+    EXPECT_EQ(second.reply, QStringLiteral("9600"));
+    EXPECT_EQ(bench.connection->UnmatchedReplies(), 1u);
+}
+
+TEST_P(EveryLink, GarbageOnTheLineIsSkipped) {
+    Bench bench(GetParam());
+    bench.simulator.InjectGarbage(QByteArray("\x00\xffRE0001zz}{%%\n$", 17));
+    const CommandResult r = Exec(*bench.connection, QStringLiteral("print,pos/elm"));
+    EXPECT_EQ(r.reply, QStringLiteral("10"));
+    EXPECT_GT(bench.connection->GarbageBytes(), 0u);
+}
+
+std::string LinkName(const testing::TestParamInfo<Bench::ELink>& link) {
+    const char* names[] = {"InProcess", "Tcp", "Pty"};
+    return names[link.param];
+}
+
+INSTANTIATE_TEST_SUITE_P(Links, EveryLink,
+                         testing::Values(Bench::InProcess, Bench::Tcp, Bench::Pty), LinkName);
+
+TEST(ConnectionTest, AbandonedCommandNeverCompletesAndItsReplyIsDropped) {
+    Bench bench(Bench::InProcess);
+    bench.simulator.GetFaults().latencyMs = 30;
+    bool called = false;
+    const auto id = bench.connection->StartCommand(QStringLiteral("print,pos/elm"), 1000,
+                                                   [&](const CommandResult&) { called = true; });
+    bench.connection->Abandon(id);
+    const CommandResult next = Exec(*bench.connection, QStringLiteral("print,pos/pdop"));
+    EXPECT_EQ(next.reply, QStringLiteral("30"));
+    Spin(50);
+    EXPECT_FALSE(called);
+    EXPECT_EQ(bench.connection->UnmatchedReplies(), 1u);
+}
+
+TEST(ConnectionTest, ASilentPathTimesOutAndTheNextCommandGoesThrough) {
+    Bench bench(Bench::InProcess);
+    bench.simulator.GetFaults().silentPaths.insert(QStringLiteral("pos/elm"));
+    EXPECT_EQ(Exec(*bench.connection, QStringLiteral("print,pos/elm"), 50).status,
+              CommandResult::TimedOut);
+    EXPECT_EQ(Exec(*bench.connection, QStringLiteral("print,pos/pdop")).reply,
+              QStringLiteral("30"));
+}
+
+TEST(ConnectionTest, CommandsThatWouldSplitIntoTwoAreRefusedUnsent) {
+    Bench bench(Bench::InProcess);
+    for (const char* command :
+         {"set,pos/elm,1\r\nset,pos/elm,2", "print,pos/elm\nreset,yes", "print,x\rpower,off"}) {
+        const CommandResult r = Exec(*bench.connection, QString::fromUtf8(command));
+        EXPECT_TRUE(r.error) << command;
+        EXPECT_EQ(r.reply, QStringLiteral("{3,,bad syntax}"));
+    }
+    Spin(20);
+    EXPECT_TRUE(bench.simulator.ReceivedCommands().isEmpty());
+}
+
+TEST(ConnectionTest, ADroppedConnectionRaisesTheNoticeAndEndsPendingCommands) {
+    Bench bench(Bench::InProcess);
+    std::vector<rxio::ENotification> seen;
+    auto lost = rxio::INotice::CreateInstance([&](rxio::ENotification k) { seen.push_back(k); });
+    auto gone = rxio::INotice::CreateInstance([&](rxio::ENotification k) { seen.push_back(k); });
+    bench.connection->RegisterNotice(lost, rxio::NotifyConnectionLost);
+    bench.connection->RegisterNotice(gone, rxio::NotifyReceiverGone);
+    bench.simulator.GetFaults().dropAfterCommands = 2;
+    EXPECT_EQ(Exec(*bench.connection, QStringLiteral("print,pos/elm")).status,
+              CommandResult::Completed);
+    EXPECT_EQ(Exec(*bench.connection, QStringLiteral("print,pos/elm")).status,
+              CommandResult::Completed);
+    const CommandResult third = Exec(*bench.connection, QStringLiteral("print,pos/elm"));
+    EXPECT_EQ(third.status, CommandResult::Disconnected);
+    EXPECT_EQ(seen, std::vector<rxio::ENotification>{rxio::NotifyConnectionLost});
+    EXPECT_FALSE(bench.connection->IsConnected());
+    EXPECT_EQ(Exec(*bench.connection, QStringLiteral("print,pos/elm")).status,
+              CommandResult::Disconnected);
+}
+
+TEST(ConnectionTest, TcpPeerClosingRaisesTheNotice) {
+    Bench bench(Bench::Tcp);
+    Exec(*bench.connection, QStringLiteral("print,pos/elm"));
+    QSignalSpy lost(bench.connection.get(), &CReceiverConnection::connectionLost);
+    bench.simulator.DropConnection();
+    EXPECT_TRUE(lost.wait(2000));
+}
+
+TEST(ConnectionTest, AnnouncedResetAndPowerOffRaiseTheOtherNotice) {
+    Bench bench(Bench::InProcess);
+    int gone = 0;
+    auto notice = rxio::INotice::CreateInstance([&](rxio::ENotification) { ++gone; });
+    bench.connection->RegisterNotice(notice, rxio::NotifyReceiverGone);
+    bench.simulator.AnnounceReset();
+    Spin(20);
+    EXPECT_EQ(gone, 1);
+    EXPECT_FALSE(Exec(*bench.connection, QStringLiteral("reset,yes")).error);
+    Spin(20);
+    EXPECT_EQ(gone, 2);
+    EXPECT_FALSE(Exec(*bench.connection, QStringLiteral("power,off")).error);
+    Spin(20);
+    EXPECT_EQ(gone, 3);
+    notice.reset(); // a notice that is gone is not told
+    bench.simulator.AnnounceReset();
+    Spin(20);
+    EXPECT_EQ(gone, 3);
+}
+
+TEST(ConnectionTest, PassThroughCarriesBytesBothWaysUntilItsTerminator) {
+    Bench bench(Bench::InProcess);
+    auto [moduleSide, portSide] = rxio::CPipeEnd::CreatePair();
+    bench.simulator.AttachPortDevice(QStringLiteral("/dev/ser/b"), portSide.get());
+
+    ASSERT_FALSE(Exec(*bench.connection,
+                      QStringLiteral("set,cur/term/eoff,\"#OFF#\";set,cur/term/echo,/dev/ser/b;"
+                                     "set,cur/term/imode,echo"))
+                     .error);
+    rxio::IPort& port = bench.connection->Port();
+    bench.connection->SuspendPort();
+
+    // Controller → module, untouched, frames and all.
+    static const char raw[] = "ATI\r\n%9%print,pos/elm\r\n\x00\xff#OF";
+    const QByteArray toModule(raw, sizeof raw - 1);
+    port.Write(toModule);
+    QByteArray atModule;
+    // "#OF" could still become the terminator: it waits for the next bytes.
+    const QByteArray passed = toModule.chopped(3);
+    for (int i = 0; i < 100 && atModule.size() < passed.size(); ++i) {
+        Spin(2);
+        atModule += moduleSide->readAll();
+    }
+    EXPECT_EQ(atModule, passed);
+
+    // Module → controller, untouched, even bytes that look like a frame.
+    const QByteArray fromModule = "RE000003%1%x\nOK\r\n";
+    moduleSide->write(fromModule);
+    QByteArray atController;
+    for (int i = 0; i < 100 && atController.size() < fromModule.size(); ++i)
+        if (const std::size_t n = port.BytesWaiting())
+            atController += port.Read(n);
+    EXPECT_EQ(atController, fromModule);
+    EXPECT_EQ(bench.connection->UnmatchedReplies(), 0u);
+
+    port.Write("tail#OFF#\r\n");
+    Spin(20);
+    EXPECT_FALSE(bench.simulator.InPassThrough());
+    EXPECT_EQ(moduleSide->readAll(), "#OFtail");
+    EXPECT_TRUE(bench.simulator.ReceivedCommands().endsWith(QStringLiteral(
+        "set,cur/term/eoff,\"#OFF#\";set,cur/term/echo,/dev/ser/b;set,cur/term/imode,echo")));
+    bench.connection->ResumePort();
+    EXPECT_EQ(Exec(*bench.connection, QStringLiteral("print,cur/term/imode")).reply,
+              QStringLiteral("cmd"));
+}
+
+} // namespace

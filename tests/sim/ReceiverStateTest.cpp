@@ -1,0 +1,147 @@
+#include "ReceiverState.h"
+
+#include "Model.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using rxsim::CModel;
+using rxsim::CReceiverState;
+
+const CModel& SmallModel() {
+    static const CModel model = CModel::Load(QStringLiteral(TEST_DATA_DIR "/model-small.json"));
+    return model;
+}
+
+class ReceiverStateTest : public testing::Test {
+protected:
+    rxsim::Answer Run(const QString& line) { return state.Execute(line, effects); }
+
+    CReceiverState state{SmallModel(), *SmallModel().FindProfile(QStringLiteral("alpha"))};
+    rxsim::SideEffects effects;
+};
+
+struct Exchange {
+    const char* command;
+    bool error;
+    const char* reply;
+};
+
+// Commands in order against one receiver; each case sees what the ones before it did.
+TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
+    const Exchange script[] = {
+        {"print,/par/pos/elm", false, "10"}, // profile value
+        {"print,pos/elm", false, "10"},
+        {"print,par/pos/elm&def", false, "5"},
+        {"print,rcv/model", false, "\"Ostrel Q\""},
+        {"print,/par/rcv/id", false, "\"SN-0042A\""},
+        {"print,rcv/ver/main", false, "\"4.2.1\""},
+        {"print,nothing/here", true, "{1,,unknown path}"},
+        {"set,pos/elm,-15", false, ""},
+        {"print,pos/elm", false, "-15"},
+        {"set,pos/elm,91", true, "{2,,value out of range}"},
+        {"set,pos/elm,ten", true, "{2,,value out of range}"},
+        {"set,pos/pdop,-1", true, "{2,,value out of range}"},
+        {"set,ant/rcv/h,2.25", false, ""},
+        {"print,ant/rcv/h", false, "2.25"},
+        {"set,ant/rcv/h,nan", true, "{2,,value out of range}"},
+        {"set,dev/ser/a/rate,9600", false, ""},
+        {"set,dev/ser/a/rate,9601", true, "{2,,value out of range}"},
+        {"set,dev/ser/a/rtscts,ON", true, "{2,,value out of range}"}, // words are case-sensitive
+        {"set,omni/rate,1219", false, ""},
+        {"set,omni/rate,1220", true, "{2,,value out of range}"},
+        {"set,rcv/uptime,1", true, "{2,,access denied}"},
+        {"set,rcv/model,\"x\"", true, "{2,,access denied}"},
+        {"set,nothing,1", true, "{1,,unknown path}"},
+        {"set,pos/elm", true, "{3,,bad syntax}"},
+        {"set,net/wifi/ssid,\"a \\\"q\\\" b\"", false, ""},
+        {"print,net/wifi/ssid", false, "\"a \\\"q\\\" b\""},
+        {"set,net/wifi/ssid,bare", true, "{3,,bad syntax}"},
+        {"set,net/wifi/ssid,\"123456789\"", true, "{2,,value out of range}"},
+        {"set,net/wifi/ssid,\"a\"b\"", true, "{3,,bad syntax}"},
+        {"set,pos/gps/sat,{n,n,y}", false, ""},
+        {"print,pos/gps/sat", false, "{n,n,y}"},
+        {"set,pos/gps/sat,{n,n", true, "{2,,value out of range}"},
+        {"list,dev/ser", false, "{a,b}"},
+        {"print,dev/ser/a:on", false, "{rate=9600,rtscts=off}"},
+        {"print,dev/ser&size", false, "2"},
+        {"set,dev/ser/a/rate,57600;set,dev/ser/a/rtscts,on", false, ";"},
+        {"print,dev/ser/a/rate;print,dev/ser/a/rtscts", false, "57600;on"},
+        {"set,pos/elm,0;set,pos/elm,100;set,pos/elm,7", true, "{2,,value out of range}"},
+        {"print,pos/elm", false, "0"}, // the first part of a failed line took effect, no more
+        {"init,dev/ser/a", false, ""},
+        {"print,dev/ser/a:on", false, "{rate=115200,rtscts=off}"},
+        {"create,app/ntrip/caster/usr", false, "0"},
+        {"create,app/ntrip/caster/usr", false, "1"},
+        {"create,app/ntrip/caster/usr,3", false, "3"},
+        {"create,app/ntrip/caster/usr,4", true, "{2,,value out of range}"},
+        {"set,app/ntrip/caster/usr/03/name,\"ann\"", false, ""},
+        {"print,app/ntrip/caster/usr:on", false,
+         "{0={grpnum=0,name=\"\"},1={grpnum=0,name=\"\"},3={grpnum=0,name=\"ann\"}}"},
+        {"remove,app/ntrip/caster/usr/01", false, ""},
+        {"remove,app/ntrip/caster/usr/01", true, "{1,,unknown path}"},
+        {"list,app/ntrip/caster/usr", false, "{00,03}"},
+        {"em,/dev/ser/b,jps/RT", false, ""},
+        {"em,/dev/nowhere,jps/RT", true, "{1,,unknown path}"},
+        {"dm,/dev/ser/b", false, ""},
+        {"out,/dev/ser/b,\"hello\"", false, ""},
+        {"out,/dev/ser/b,hello", true, "{3,,bad syntax}"},
+        {"event,\"start=1\"", false, ""},
+        {"event,start", true, "{3,,bad syntax}"},
+        {"frobnicate,x", true, "{4,,unknown command}"},
+        {"print", true, "{3,,bad syntax}"},
+        {"power,on", true, "{3,,bad syntax}"},
+        {"reset,no", true, "{3,,bad syntax}"},
+    };
+    for (const Exchange& e : script) {
+        const rxsim::Answer answer = Run(QString::fromUtf8(e.command));
+        EXPECT_EQ(answer.error, e.error) << e.command;
+        EXPECT_EQ(answer.text, QString::fromUtf8(e.reply)) << e.command;
+    }
+    ASSERT_EQ(effects.portOutput.size(), 1u);
+    EXPECT_EQ(effects.portOutput[0].first, QStringLiteral("dev/ser/b"));
+    EXPECT_EQ(effects.portOutput[0].second, "hello");
+    EXPECT_EQ(state.Events(), QStringList{QStringLiteral("start=1")});
+}
+
+TEST_F(ReceiverStateTest, RefusingPortsDenyMessagesAndOutput) {
+    state.RefusingPorts().insert(QStringLiteral("dev/ser/a"));
+    EXPECT_EQ(Run("em,/dev/ser/a,jps/RT").text, QStringLiteral("{2,,access denied}"));
+    EXPECT_EQ(Run("out,/dev/ser/a,\"x\"").text, QStringLiteral("{2,,access denied}"));
+    EXPECT_FALSE(Run("dm,/dev/ser/a").error);
+}
+
+TEST_F(ReceiverStateTest, PowerAndResetAreSideEffects) {
+    EXPECT_FALSE(Run("reset,yes").error);
+    EXPECT_TRUE(effects.reset);
+    EXPECT_FALSE(Run("power,off").error);
+    EXPECT_TRUE(effects.powerOff);
+}
+
+TEST(ReceiverStateProfiles, FeaturesDecideWhichPathsExist) {
+    CReceiverState beta(SmallModel(), *SmallModel().FindProfile(QStringLiteral("BETA")));
+    rxsim::SideEffects effects;
+    EXPECT_EQ(beta.Execute("print,net/wifi/ssid", effects).text,
+              QStringLiteral("{1,,unknown path}"));
+    EXPECT_EQ(beta.Execute("em,/dev/ble/a,x", effects).text, QStringLiteral("{1,,unknown path}"));
+    EXPECT_EQ(beta.Execute("print,rcv/model", effects).text, QStringLiteral("\"Lumen7\""));
+    EXPECT_EQ(beta.Execute("print,pos/elm", effects).text, QStringLiteral("5"));
+}
+
+TEST(ReceiverStateSplit, JoinedCommandsSplitOutsideQuotesAndBraces) {
+    EXPECT_EQ(CReceiverState::SplitCommands("a;b"), (QStringList{"a", "b"}));
+    EXPECT_EQ(CReceiverState::SplitCommands("set,x,\"a;b\";print,y"),
+              (QStringList{"set,x,\"a;b\"", "print,y"}));
+    EXPECT_EQ(CReceiverState::SplitCommands("set,x,{a;b};p"), (QStringList{"set,x,{a;b}", "p"}));
+    EXPECT_EQ(CReceiverState::SplitCommands("set,x,\"a\\\";b\""),
+              (QStringList{"set,x,\"a\\\";b\""}));
+}
+
+TEST(ModelLoading, BrokenFilesGiveAReason) {
+    EXPECT_THROW(CModel::Load(QStringLiteral(TEST_DATA_DIR "/does-not-exist.json")),
+                 std::runtime_error);
+    EXPECT_THROW(CModel::Load(QStringLiteral(TEST_DATA_DIR "/README.md")), std::runtime_error);
+}
+
+} // namespace
