@@ -5,16 +5,25 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QTextStream>
+#include <QTimer>
 #include <QWidget>
 
 namespace dorrit {
 
 namespace {
 
+// Lets replies that are on their way (the receiver's identity) arrive first.
+void Settle() {
+    QEventLoop loop;
+    QTimer::singleShot(300, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 bool Save(QWidget& widget, const QDir& folder, const QString& name) {
     widget.show();
-    QApplication::processEvents();
+    Settle();
     const QString path = folder.filePath(name + QStringLiteral(".png"));
     const bool saved = widget.grab().save(path);
     QTextStream(saved ? stdout : stderr) << (saved ? "saved " : "could not save ") << path << '\n';

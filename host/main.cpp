@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QTextStream>
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
@@ -13,6 +14,12 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationVersion(CPellLibDoc::GetApplicationVersion(false));
     g_PellLibApp.InitInstance();
     QApplication::setWindowIcon(dorrit::AppIcon());
+
+    // "--simulator" alone means the first profile.
+    QStringList arguments = QApplication::arguments();
+    for (QString& argument : arguments)
+        if (argument == QLatin1String("--simulator"))
+            argument = QStringLiteral("--simulator=");
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -22,12 +29,39 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption screenshots(
         QStringLiteral("screenshots"),
         QStringLiteral("Save a PNG of every window into DIR and exit."), QStringLiteral("DIR"));
-    parser.addOption(screenshots);
-    parser.process(app);
+    const QCommandLineOption simulator(QStringLiteral("simulator"),
+                                       QStringLiteral("Connect to the simulated receiver."),
+                                       QStringLiteral("PROFILE"));
+    const QCommandLineOption tcp(QStringLiteral("connect"),
+                                 QStringLiteral("Connect to a receiver at tcp://HOST:PORT."),
+                                 QStringLiteral("URL"));
+    const QCommandLineOption serial(QStringLiteral("serial"),
+                                    QStringLiteral("Connect to a receiver on DEVICE[@RATE]."),
+                                    QStringLiteral("DEVICE"));
+    parser.addOptions({screenshots, simulator, tcp, serial});
+    parser.process(arguments);
+
+    std::optional<dorrit::ReceiverTarget> target;
+    if (parser.isSet(simulator)) {
+        target =
+            dorrit::ReceiverTarget{dorrit::ReceiverTarget::Simulator, parser.value(simulator), 0};
+    } else if (parser.isSet(tcp)) {
+        if (!(target = dorrit::ReceiverTarget::FromUrl(parser.value(tcp)))) {
+            QTextStream(stderr) << "dorrit: --connect takes tcp://HOST:PORT\n";
+            return 2;
+        }
+    } else if (parser.isSet(serial)) {
+        if (!(target = dorrit::ReceiverTarget::FromSerial(parser.value(serial)))) {
+            QTextStream(stderr) << "dorrit: --serial takes DEVICE[@RATE]\n";
+            return 2;
+        }
+    }
 
     int result = 0;
     {
         dorrit::MainWindow window;
+        if (target)
+            window.ConnectTo(*target);
         if (parser.isSet(screenshots)) {
             result = dorrit::SaveScreenshots(window, parser.value(screenshots)) == 0 ? 0 : 1;
         } else {

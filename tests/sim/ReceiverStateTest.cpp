@@ -145,3 +145,48 @@ TEST(ModelLoading, BrokenFilesGiveAReason) {
 }
 
 } // namespace
+
+namespace {
+
+// The shipped model: every profile loads and answers its own identity; features differ.
+TEST(ShippedModel, EveryProfileAnswersItsIdentity) {
+    const CModel model = CModel::Load(CModel::DefaultFile());
+    ASSERT_GE(model.Profiles().size(), 5u);
+    QStringList models;
+    for (const rxsim::Profile& profile : model.Profiles()) {
+        SCOPED_TRACE(profile.name.toStdString());
+        CReceiverState state(model, profile);
+        rxsim::SideEffects effects;
+        EXPECT_EQ(state.Execute("print,rcv/model", effects).text, '"' + profile.model + '"');
+        EXPECT_EQ(state.Execute("print,/par/rcv/ver/main", effects).text,
+                  '"' + profile.firmware + '"');
+        EXPECT_EQ(state.Execute("print,rcv/ver/board", effects).text, '"' + profile.board + '"');
+        EXPECT_FALSE(state.Execute("print,cur/term/rate", effects).error);
+        models << profile.model;
+    }
+    for (const char* wanted : {"Ostrel Q", "Lumen7"})
+        EXPECT_TRUE(models.contains(QString::fromLatin1(wanted))) << wanted;
+}
+
+TEST(ShippedModel, EveryDefaultIsAcceptedBack) {
+    // Writing a parameter's own default must succeed: the model and the verbs agree.
+    const CModel model = CModel::Load(CModel::DefaultFile());
+    for (const rxsim::Profile& profile : model.Profiles()) {
+        CReceiverState state(model, profile);
+        rxsim::SideEffects effects;
+        for (const rxsim::ParamSpec& spec : model.Params()) {
+            if (spec.readonly || spec.kind == rxsim::ParamSpec::List ||
+                (!spec.feature.isEmpty() && !profile.features.contains(spec.feature)) ||
+                (spec.kind == rxsim::ParamSpec::Raw && spec.defaultValue.isEmpty()))
+                continue;
+            const QString value = state.Value(spec.path).value_or(QString());
+            const rxsim::Answer answer =
+                state.Execute(QStringLiteral("set,%1,%2").arg(spec.path, value), effects);
+            EXPECT_FALSE(answer.error)
+                << profile.name.toStdString() << " " << spec.path.toStdString() << " = "
+                << value.toStdString() << ": " << answer.text.toStdString();
+        }
+    }
+}
+
+} // namespace
