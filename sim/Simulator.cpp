@@ -171,7 +171,7 @@ void CSimulator::HandleLine(const QByteArray& line) {
     if (m_faults.baud > 0 && m_paceClock.isValid()) {
         // The command occupied the line too: the answer waits for it.
         const qint64 budget = m_paceClock.nsecsElapsed() / 1000 * m_faults.baud / 10'000'000;
-        m_pacedBytes = std::max(m_pacedBytes, budget) + line.size() + 1;
+        m_pacedBytes = std::max(m_pacedBytes, budget) + line.size() + 2; // with CR LF
     }
 
     for (const QString& path : m_faults.silentPaths)
@@ -246,8 +246,7 @@ void CSimulator::Drain() {
     const qint64 elapsedUs = m_paceClock.nsecsElapsed() / 1000;
     const qint64 budget = elapsedUs * m_faults.baud / 10'000'000;
     // An idle line earns no credit.
-    if (m_output.size() > 0 && m_pacedBytes < budget - 16)
-        m_pacedBytes = budget - 16;
+    m_pacedBytes = std::max(m_pacedBytes, budget - 1);
     const qint64 now = std::min<qint64>(m_output.size(), budget - m_pacedBytes);
     if (now > 0) {
         m_device->write(m_output.left(now));
