@@ -1,5 +1,11 @@
 // Command round trips over the in-process link and loopback TCP, and a paced run at 115200 baud
 // compared with the time its bytes need on the wire.
+#include "Model.h"
+#include "Simulator.h"
+#include "rxio/Framing.h"
+#include "rxio/Pipe.h"
+#include "rxio/ReceiverConnection.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -7,17 +13,11 @@
 #include <QTcpSocket>
 #include <benchmark/benchmark.h>
 
-#include "Model.h"
-#include "Simulator.h"
-#include "rxio/Framing.h"
-#include "rxio/Pipe.h"
-#include "rxio/ReceiverConnection.h"
-
 namespace {
 
 std::shared_ptr<const rxsim::CModel> Model() {
-    static const auto model = std::make_shared<const rxsim::CModel>(
-        rxsim::CModel::Load(rxsim::CModel::DefaultFile()));
+    static const auto model =
+        std::make_shared<const rxsim::CModel>(rxsim::CModel::Load(rxsim::CModel::DefaultFile()));
     return model;
 }
 

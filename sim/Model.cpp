@@ -100,7 +100,8 @@ CModel CModel::Load(const QString& fileName) {
     for (const QJsonValue& v : root.value("ports").toArray()) {
         const QJsonObject o = v.toObject();
         model.m_ports.push_back({o.value("id").toInt(), Canonical(o.value("path").toString()),
-                                 o.value("kind").toString(), o.value("feature").toString()});
+                                 o.value("kind").toString(), o.value("feature").toString(),
+                                 o.value("refuses").toBool()});
     }
     for (const QJsonValue& v : root.value("params").toArray()) {
         const QJsonObject o = v.toObject();

@@ -38,6 +38,7 @@ struct PortSpec {
     QString path;
     QString kind; // controller, serial, tcp, ble, bt, ...
     QString feature;
+    bool refuses = false; // answers "em," and "out," with access denied
 };
 
 struct Profile {

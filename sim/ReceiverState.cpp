@@ -138,6 +138,9 @@ CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
         else
             AddParam(spec, spec.path);
     }
+    for (const PortSpec& port : model.Ports())
+        if (port.refuses)
+            m_refusing.insert(port.path);
     for (const auto& [path, value] : profile.values)
         if (auto it = m_params.find(path); it != m_params.end())
             it->second.value = value;

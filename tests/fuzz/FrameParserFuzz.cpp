@@ -1,10 +1,10 @@
 // Any byte stream, in any chunking, leaves the frame parser consistent: it never crashes, never
 // holds more than one frame's worth, and hands out only well-formed frames.
+#include "rxio/Framing.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-
-#include "rxio/Framing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0)
@@ -15,7 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     rxio::CFrameParser parser;
     parser.onFrame = [](const rxio::Frame& frame) {
-        if (frame.id.size() > 8 || frame.payload.size() > qsizetype(rxio::CFrameParser::kMaxPayload))
+        if (frame.id.size() > 8 ||
+            frame.payload.size() > qsizetype(rxio::CFrameParser::kMaxPayload))
             std::abort();
     };
     parser.onNmea = [](const QByteArray& line) {

@@ -164,6 +164,11 @@ TEST(ShippedModel, EveryProfileAnswersItsIdentity) {
         EXPECT_FALSE(state.Execute("print,cur/term/rate", effects).error);
         models << profile.model;
     }
+    CReceiverState ostrel(model, *model.FindProfile(QStringLiteral("ostrel-q")));
+    rxsim::SideEffects effects;
+    EXPECT_EQ(ostrel.Execute("em,/dev/ble/a,jps/RT", effects).text,
+              QStringLiteral("{2,,access denied}"));
+    EXPECT_FALSE(ostrel.Execute("em,/dev/ser/a,jps/RT", effects).error);
     for (const char* wanted : {"Ostrel Q", "Lumen7"})
         EXPECT_TRUE(models.contains(QString::fromLatin1(wanted))) << wanted;
 }
