@@ -130,13 +130,13 @@ QStringList CReceiverState::SplitCommands(const QString& line) {
 
 CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
     : m_model(model), m_profile(profile) {
-    for (const ParamSpec& spec : model.Params()) {
-        if (!spec.feature.isEmpty() && !profile.features.contains(spec.feature))
+    for (const ParamSpec& def : model.Params()) {
+        if (!def.feature.isEmpty() && !profile.features.contains(def.feature))
             continue;
-        if (spec.kind == ParamSpec::List)
-            m_lists[spec.path] = &spec;
+        if (def.kind == ParamSpec::List)
+            m_lists[def.path] = &def;
         else
-            AddParam(spec, spec.path);
+            AddParam(def, def.path);
     }
     for (const PortSpec& port : model.Ports())
         if (port.refuses)
@@ -149,8 +149,8 @@ CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
             it->second.value = profile.*field;
 }
 
-void CReceiverState::AddParam(const ParamSpec& spec, const QString& path) {
-    m_params[path] = {&spec, spec.defaultValue};
+void CReceiverState::AddParam(const ParamSpec& def, const QString& path) {
+    m_params[path] = {&def, def.defaultValue};
 }
 
 std::optional<QString> CReceiverState::Value(const QString& path) const {
@@ -182,8 +182,8 @@ QStringList CReceiverState::Children(const QString& path) const {
 
 QString CReceiverState::Subtree(const QString& path) const {
     if (const auto it = m_params.find(path); it != m_params.end()) {
-        const ParamSpec& spec = *it->second.spec;
-        return spec.kind == ParamSpec::Text ? Quote(it->second.value) : it->second.value;
+        const ParamSpec& def = *it->second.def;
+        return def.kind == ParamSpec::Text ? Quote(it->second.value) : it->second.value;
     }
     QStringList parts;
     for (const QString& name : Children(path)) {
@@ -242,8 +242,8 @@ Answer CReceiverState::Print(const QStringList& args, SideEffects&) {
         const auto it = m_params.find(t.path);
         if (it == m_params.end())
             return ErrorAnswer(1, QStringLiteral("unknown path"));
-        const ParamSpec& spec = *it->second.spec;
-        return {false, spec.kind == ParamSpec::Text ? Quote(spec.defaultValue) : spec.defaultValue};
+        const ParamSpec& def = *it->second.def;
+        return {false, def.kind == ParamSpec::Text ? Quote(def.defaultValue) : def.defaultValue};
     }
     if (t.attribute == QLatin1String("size"))
         return {false, QString::number(Children(t.path).size())};
@@ -252,10 +252,10 @@ Answer CReceiverState::Print(const QStringList& args, SideEffects&) {
     return {false, Subtree(t.path)};
 }
 
-std::optional<QString> CReceiverState::Validate(const ParamSpec& spec, const QString& value) const {
-    switch (spec.kind) {
+std::optional<QString> CReceiverState::Validate(const ParamSpec& def, const QString& value) const {
+    switch (def.kind) {
     case ParamSpec::Enum: {
-        const EnumSpec& e = m_model.Enums().at(spec.enumName);
+        const EnumSpec& e = m_model.Enums().at(def.enumName);
         if (e.numeric) {
             bool ok = false;
             const long long number = value.toLongLong(&ok);
@@ -270,20 +270,20 @@ std::optional<QString> CReceiverState::Validate(const ParamSpec& spec, const QSt
     case ParamSpec::UInt: {
         bool ok = false;
         const long long number = value.toLongLong(&ok);
-        if (!ok || number < spec.min || number > spec.max)
+        if (!ok || number < def.min || number > def.max)
             return std::nullopt;
         return QString::number(number);
     }
     case ParamSpec::Real: {
         bool ok = false;
         const double number = value.toDouble(&ok);
-        if (!ok || !std::isfinite(number) || number < spec.min || number > spec.max)
+        if (!ok || !std::isfinite(number) || number < def.min || number > def.max)
             return std::nullopt;
         return value;
     }
     case ParamSpec::Text: {
         const auto text = Unquote(value);
-        if (!text || (spec.maxLength > 0 && text->size() > spec.maxLength))
+        if (!text || (def.maxLength > 0 && text->size() > def.maxLength))
             return std::nullopt;
         return text;
     }
@@ -303,12 +303,12 @@ Answer CReceiverState::Set(const QStringList& args, SideEffects&) {
     const auto it = m_params.find(path);
     if (it == m_params.end())
         return ErrorAnswer(1, QStringLiteral("unknown path"));
-    const ParamSpec& spec = *it->second.spec;
-    if (spec.readonly)
+    const ParamSpec& def = *it->second.def;
+    if (def.readonly)
         return ErrorAnswer(2, QStringLiteral("access denied"));
-    if (spec.kind == ParamSpec::Text && !Unquote(value))
+    if (def.kind == ParamSpec::Text && !Unquote(value))
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
-    const auto accepted = Validate(spec, value);
+    const auto accepted = Validate(def, value);
     if (!accepted)
         return ErrorAnswer(2, QStringLiteral("value out of range"));
     it->second.value = *accepted;
@@ -332,8 +332,8 @@ Answer CReceiverState::Init(const QStringList& args, SideEffects&) {
         return ErrorAnswer(1, QStringLiteral("unknown path"));
     const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
     for (auto& [name, param] : m_params)
-        if ((name == path || name.startsWith(prefix)) && !param.spec->readonly)
-            param.value = param.spec->defaultValue;
+        if ((name == path || name.startsWith(prefix)) && !param.def->readonly)
+            param.value = param.def->defaultValue;
     return {};
 }
 
@@ -344,22 +344,22 @@ Answer CReceiverState::Create(const QStringList& args, SideEffects&) {
     const auto list = m_lists.find(path);
     if (list == m_lists.end())
         return ErrorAnswer(1, QStringLiteral("unknown path"));
-    const ParamSpec& spec = *list->second;
+    const ParamSpec& def = *list->second;
     const QStringList used = Children(path);
     int index = 0;
     if (args.size() == 2) {
         bool ok = false;
         index = args[1].trimmed().toInt(&ok);
-        if (!ok || index < 0 || index >= spec.maxItems)
+        if (!ok || index < 0 || index >= def.maxItems)
             return ErrorAnswer(2, QStringLiteral("value out of range"));
     } else {
         while (used.contains(QString::asprintf("%02d", index)))
             ++index;
-        if (index >= spec.maxItems)
+        if (index >= def.maxItems)
             return ErrorAnswer(2, QStringLiteral("value out of range"));
     }
     const QString item = path + QLatin1Char('/') + QString::asprintf("%02d", index);
-    for (const ParamSpec& field : spec.item)
+    for (const ParamSpec& field : def.item)
         AddParam(field, item + QLatin1Char('/') + field.path);
     return {false, QString::number(index)};
 }

@@ -49,7 +49,7 @@ private:
     using Handler = Answer (CReceiverState::*)(const QStringList& args, SideEffects& effects);
 
     struct Param {
-        const ParamSpec* spec;
+        const ParamSpec* def;
         QString value;
     };
 
@@ -67,12 +67,12 @@ private:
     Answer Reset(const QStringList& args, SideEffects&);
 
     Answer RunOne(const QString& command, SideEffects& effects);
-    void AddParam(const ParamSpec& spec, const QString& path);
+    void AddParam(const ParamSpec& def, const QString& path);
     bool Exists(const QString& path) const;
     // The printed subtree at `path`: a value, or a record {name=...} of its children.
     QString Subtree(const QString& path) const;
     QStringList Children(const QString& path) const;
-    std::optional<QString> Validate(const ParamSpec& spec, const QString& value) const;
+    std::optional<QString> Validate(const ParamSpec& def, const QString& value) const;
     bool IsPort(const QString& path) const;
 
     const CModel& m_model;

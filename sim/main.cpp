@@ -94,11 +94,11 @@ int main(int argc, char* argv[]) {
     std::unique_ptr<QTcpSocket> client;
     std::unique_ptr<rxsim::CPty> terminal;
     if (parser.isSet(listen)) {
-        const QString spec = parser.value(listen);
-        const QHostAddress address(spec.section(QLatin1Char(':'), 0, -2));
-        const quint16 port = static_cast<quint16>(spec.section(QLatin1Char(':'), -1).toUInt());
+        const QString def = parser.value(listen);
+        const QHostAddress address(def.section(QLatin1Char(':'), 0, -2));
+        const quint16 port = static_cast<quint16>(def.section(QLatin1Char(':'), -1).toUInt());
         if (address.isNull())
-            return Fail(QStringLiteral("bad address ") + spec);
+            return Fail(QStringLiteral("bad address ") + def);
         if (!address.isLoopback() && !parser.isSet(anyAddress))
             return Fail(QStringLiteral("refusing a non-loopback address without --any-address"));
         if (!server.listen(address, port))

@@ -179,16 +179,16 @@ TEST(ShippedModel, EveryDefaultIsAcceptedBack) {
     for (const rxsim::Profile& profile : model.Profiles()) {
         CReceiverState state(model, profile);
         rxsim::SideEffects effects;
-        for (const rxsim::ParamSpec& spec : model.Params()) {
-            if (spec.readonly || spec.kind == rxsim::ParamSpec::List ||
-                (!spec.feature.isEmpty() && !profile.features.contains(spec.feature)) ||
-                (spec.kind == rxsim::ParamSpec::Raw && spec.defaultValue.isEmpty()))
+        for (const rxsim::ParamSpec& def : model.Params()) {
+            if (def.readonly || def.kind == rxsim::ParamSpec::List ||
+                (!def.feature.isEmpty() && !profile.features.contains(def.feature)) ||
+                (def.kind == rxsim::ParamSpec::Raw && def.defaultValue.isEmpty()))
                 continue;
-            const QString value = state.Value(spec.path).value_or(QString());
+            const QString value = state.Value(def.path).value_or(QString());
             const rxsim::Answer answer =
-                state.Execute(QStringLiteral("set,%1,%2").arg(spec.path, value), effects);
+                state.Execute(QStringLiteral("set,%1,%2").arg(def.path, value), effects);
             EXPECT_FALSE(answer.error)
-                << profile.name.toStdString() << " " << spec.path.toStdString() << " = "
+                << profile.name.toStdString() << " " << def.path.toStdString() << " = "
                 << value.toStdString() << ": " << answer.text.toStdString();
         }
     }
