@@ -23,7 +23,6 @@ public:
 
     // Fills the connection bar with `target` and connects to it.
     void ConnectTo(const ReceiverTarget& target);
-    Connection& ReceiverConnection() { return m_connection; }
 
 public slots:
     void ShowAbout();

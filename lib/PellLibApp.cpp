@@ -4,7 +4,6 @@
 #include "lib/Platform.h"
 #include "resources/StringTable.h"
 
-#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QLocale>

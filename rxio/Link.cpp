@@ -26,10 +26,6 @@ CLink::~CLink() {
     Close();
 }
 
-QString CLink::Description() const {
-    return m_address ? m_address->GetName() : QString();
-}
-
 void CLink::Close() {
     // Closing on purpose is not a loss.
     m_lost = true;

@@ -19,7 +19,6 @@ public:
 
     QIODevice& Device() { return *m_device; }
     const std::shared_ptr<const IPortAddr>& Address() const { return m_address; }
-    QString Description() const;
     void Close();
 
 signals:

@@ -36,7 +36,6 @@ public:
     // Closes the link on purpose: pending commands end as disconnected, no notice is raised.
     void Disconnect();
 
-    CLink& Link() { return *m_link; }
     // Replies that matched no pending command (late, abandoned or unasked), and skipped bytes.
     std::uint64_t UnmatchedReplies() const { return m_unmatched; }
     std::uint64_t GarbageBytes() const { return m_parser.GarbageBytes(); }

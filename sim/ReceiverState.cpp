@@ -376,14 +376,20 @@ Answer CReceiverState::Remove(const QStringList& args, SideEffects&) {
     return {};
 }
 
+std::optional<Answer> CReceiverState::RefusePort(const QString& port, bool sending) const {
+    if (!IsPort(port))
+        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    if (sending && m_refusing.contains(port))
+        return ErrorAnswer(2, QStringLiteral("access denied"));
+    return std::nullopt;
+}
+
 Answer CReceiverState::EnableMessages(const QStringList& args, SideEffects&) {
     if (args.size() != 2)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const QString port = CModel::Canonical(args[0]);
-    if (!IsPort(port))
-        return ErrorAnswer(1, QStringLiteral("unknown path"));
-    if (m_refusing.contains(port))
-        return ErrorAnswer(2, QStringLiteral("access denied"));
+    if (const auto refused = RefusePort(port, true))
+        return *refused;
     m_messages[port] << args[1].trimmed();
     return {};
 }
@@ -392,8 +398,8 @@ Answer CReceiverState::DisableMessages(const QStringList& args, SideEffects&) {
     if (args.isEmpty() || args.size() > 2)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const QString port = CModel::Canonical(args[0]);
-    if (!IsPort(port))
-        return ErrorAnswer(1, QStringLiteral("unknown path"));
+    if (const auto refused = RefusePort(port, false))
+        return *refused;
     if (args.size() == 1)
         m_messages.erase(port);
     else
@@ -405,10 +411,8 @@ Answer CReceiverState::Out(const QStringList& args, SideEffects& effects) {
     if (args.size() != 2)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const QString port = CModel::Canonical(args[0]);
-    if (!IsPort(port))
-        return ErrorAnswer(1, QStringLiteral("unknown path"));
-    if (m_refusing.contains(port))
-        return ErrorAnswer(2, QStringLiteral("access denied"));
+    if (const auto refused = RefusePort(port, true))
+        return *refused;
     const auto text = Unquote(args[1].trimmed());
     if (!text)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));

@@ -74,6 +74,8 @@ private:
     QStringList Children(const QString& path) const;
     std::optional<QString> Validate(const ParamSpec& def, const QString& value) const;
     bool IsPort(const QString& path) const;
+    // The error for a port that is unknown, or that refuses output when `sending`.
+    std::optional<Answer> RefusePort(const QString& port, bool sending) const;
 
     const CModel& m_model;
     Profile m_profile;
