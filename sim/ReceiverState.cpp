@@ -186,13 +186,10 @@ QString CReceiverState::Subtree(const QString& path) const {
         return def.kind == ParamSpec::Text ? Quote(it->second.value) : it->second.value;
     }
     QStringList parts;
-    for (const QString& name : Children(path)) {
-        bool index = false;
-        const int number = name.toInt(&index);
-        // List items are keyed by their number: 0={...},3={...}
-        parts << (index ? QString::number(number) : name) + QLatin1Char('=') +
-                     Subtree(path + QLatin1Char('/') + name);
-    }
+    // Keys are the path segments as they are, so list items read 00={...},03={...} and a key
+    // joined to its parent is a path the receiver knows.
+    for (const QString& name : Children(path))
+        parts << name + QLatin1Char('=') + Subtree(path + QLatin1Char('/') + name);
     return QLatin1Char('{') + parts.join(QLatin1Char(',')) + QLatin1Char('}');
 }
 

@@ -78,7 +78,7 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"create,app/ntrip/caster/usr,4", true, "{2,,value out of range}"},
         {"set,app/ntrip/caster/usr/03/name,\"ann\"", false, ""},
         {"print,app/ntrip/caster/usr:on", false,
-         "{0={grpnum=0,name=\"\"},1={grpnum=0,name=\"\"},3={grpnum=0,name=\"ann\"}}"},
+         "{00={grpnum=0,name=\"\"},01={grpnum=0,name=\"\"},03={grpnum=0,name=\"ann\"}}"},
         {"remove,app/ntrip/caster/usr/01", false, ""},
         {"remove,app/ntrip/caster/usr/01", true, "{1,,unknown path}"},
         {"list,app/ntrip/caster/usr", false, "{00,03}"},
