@@ -36,6 +36,7 @@ constexpr unsigned MB_ICONMASK = 0xF0;
 constexpr unsigned long ERROR_NOT_SUPPORTED = 50;
 constexpr unsigned long ERROR_DEV_NOT_EXIST = 55;
 constexpr unsigned long ERROR_INVALID_PARAMETER = 87;
+constexpr unsigned long ERROR_BUSY = 170;
 constexpr unsigned long ERROR_NOT_FOUND = 1168;
 constexpr unsigned long ERROR_CANCELLED = 1223;
 constexpr unsigned long ERROR_INTERNAL_ERROR = 1359;

@@ -32,6 +32,8 @@ QString CWinException::SystemErrorText(unsigned long code) {
         return g_PellLibApp.XLoadString(ErrorDeviceNotPresent);
     case pell::ERROR_INVALID_PARAMETER:
         return g_PellLibApp.XLoadString(ErrorInvalidParameter);
+    case pell::ERROR_BUSY:
+        return g_PellLibApp.XLoadString(ErrorBusy);
     case pell::ERROR_NOT_FOUND:
         return g_PellLibApp.XLoadString(ErrorNotFound);
     case pell::ERROR_CANCELLED:

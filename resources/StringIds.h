@@ -34,5 +34,10 @@ constexpr unsigned ErrorTimeout = 61016;
 constexpr unsigned PowerSwitchFailed = 61020;
 constexpr unsigned DeviceReceiver = 61021;
 constexpr unsigned DeviceModem = 61022;
+constexpr unsigned ErrorBusy = 61023;
+
+constexpr unsigned UnsafeTextValue = 61100;
+constexpr unsigned UnsafeCommandWord = 61101;
+constexpr unsigned RestoringSettings = 61102;
 
 } // namespace pell::ids

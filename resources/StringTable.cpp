@@ -51,6 +51,11 @@ constexpr StringEntry kEntries[] = {
     {61020, QT_TRANSLATE_NOOP3("PellLib", "Switching the power of the %1", "61020")},
     {61021, QT_TRANSLATE_NOOP3("PellLib", "internal receiver", "61021")},
     {61022, QT_TRANSLATE_NOOP3("PellLib", "internal modem", "61022")},
+    {61023, QT_TRANSLATE_NOOP3("PellLib", "The receiver is still busy with another command.",
+                               "61023")},
+    {61100, QT_TRANSLATE_NOOP3("PellLib", "Sending text with a control character to %1", "61100")},
+    {61101, QT_TRANSLATE_NOOP3("PellLib", "Building the receiver command for %1", "61101")},
+    {61102, QT_TRANSLATE_NOOP3("PellLib", "Restoring the receiver settings under %1", "61102")},
 };
 
 } // namespace

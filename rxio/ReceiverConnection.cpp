@@ -97,8 +97,14 @@ IReceiver::CommandId CReceiverConnection::StartCommand(const QString& command, i
             m_connected
                 ? CommandResult{CommandResult::Completed, true, QStringLiteral("{3,,bad syntax}")}
                 : CommandResult{CommandResult::Disconnected, false, {}};
+        m_answeredAtOnce.insert(id);
         QMetaObject::invokeMethod(
-            this, [done = std::move(done), result] { done(result); }, Qt::QueuedConnection);
+            this,
+            [this, id, done = std::move(done), result] {
+                if (m_answeredAtOnce.erase(id) != 0)
+                    done(result);
+            },
+            Qt::QueuedConnection);
         return id;
     }
     m_queue.push_back({id, command, timeoutMs, std::move(done)});
@@ -107,6 +113,7 @@ IReceiver::CommandId CReceiverConnection::StartCommand(const QString& command, i
 }
 
 void CReceiverConnection::Abandon(CommandId id) {
+    m_answeredAtOnce.erase(id);
     std::erase_if(m_queue, [id](const Pending& p) { return p.id == id; });
     if (m_inFlight && m_inFlight->id == id) {
         // Its reply may still come: the id no longer matches anything, so it is dropped.

@@ -11,6 +11,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace rxio {
@@ -71,6 +72,8 @@ private:
     CommandId m_nextId = 1;
     std::deque<Pending> m_queue;
     std::optional<Pending> m_inFlight;
+    // Commands refused or failed before sending, whose answer is still on its way.
+    std::set<CommandId> m_answeredAtOnce;
     QTimer m_timeout;
     std::vector<std::pair<std::weak_ptr<INotice>, ENotification>> m_notices;
     ReceiverIdentity m_identity;

@@ -148,5 +148,25 @@
         <comment>61022</comment>
         <translation>internen Modems</translation>
     </message>
+    <message>
+        <source>The receiver is still busy with another command.</source>
+        <comment>61023</comment>
+        <translation>Der Empfänger ist noch mit einem anderen Befehl beschäftigt.</translation>
+    </message>
+    <message>
+        <source>Sending text with a control character to %1</source>
+        <comment>61100</comment>
+        <translation>Senden eines Textes mit Steuerzeichen an %1</translation>
+    </message>
+    <message>
+        <source>Building the receiver command for %1</source>
+        <comment>61101</comment>
+        <translation>Erstellen des Empfängerbefehls für %1</translation>
+    </message>
+    <message>
+        <source>Restoring the receiver settings under %1</source>
+        <comment>61102</comment>
+        <translation>Wiederherstellen der Empfängereinstellungen unter %1</translation>
+    </message>
 </context>
 </TS>

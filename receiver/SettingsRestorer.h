@@ -1,0 +1,161 @@
+#pragma once
+
+#include "lib/Common.h"
+#include "lib/Exceptions.h"
+#include "lib/PellLib.h"
+#include "receiver/SettingsTree.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
+#include "resources/StringIds.h"
+
+#include <QDebug>
+#include <QString>
+#include <QStringList>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace pell {
+
+// Records receiver settings when constructed and puts them back when destroyed, also when an
+// exception ends the operation in between, so that the operation leaves the receiver as it
+// found it. An operation whose changes are meant to stay calls Keep() once it succeeded.
+//
+// What it records is given either as one port's settings record, or as path masks: "net/*" is
+// every parameter below "net" (list items included: items the operation added are removed,
+// items it removed come back), a mask without "/*" is that one parameter.
+template <class Mate> class CSettingsRestorer {
+public:
+    // The settings of one receiver port, read from and written back to the receiver.
+    class CPortSettings {
+    public:
+        explicit CPortSettings(QString port) : m_port(std::move(port)) {}
+        virtual ~CPortSettings() = default;
+        const QString& Port() const { return m_port; }
+        virtual void Read(const Mate& mate) = 0;
+        // The one line that writes every recorded setting back.
+        virtual QString WriteCommand() const = 0;
+
+    private:
+        QString m_port;
+    };
+
+    // Rate, RTS/CTS, stop bits, parity and data bits of a serial port such as "/dev/ser/a",
+    // written back as one line so the port never runs with half of its old settings.
+    class CSerialPortSettings final : public CPortSettings {
+    public:
+        using CPortSettings::CPortSettings;
+        void Read(const Mate& mate) override {
+            for (std::size_t i = 0; i < std::size(kLeaves); ++i)
+                m_values[i] = mate.Run(vexcmd::Print(this->Port() + QLatin1String(kLeaves[i])));
+        }
+        QString WriteCommand() const override {
+            QStringList commands;
+            for (std::size_t i = 0; i < std::size(kLeaves); ++i)
+                commands << vexcmd::SetChoice(this->Port() + QLatin1String(kLeaves[i]),
+                                              m_values[i]);
+            return commands.join(QLatin1Char(';'));
+        }
+
+    private:
+        static constexpr const char* kLeaves[] = {"/rate", "/rtscts", "/stops", "/parity", "/bits"};
+        QString m_values[std::size(kLeaves)];
+    };
+
+    CSettingsRestorer(const Mate& mate, std::unique_ptr<CPortSettings> port)
+        : m_mate(Detached(mate)), m_port(std::move(port)) {
+        m_port->Read(m_mate);
+        m_port->WriteCommand(); // refuses values that cannot be written back, before any change
+    }
+
+    CSettingsRestorer(const Mate& mate, const QStringList& masks) : m_mate(Detached(mate)) {
+        for (const QString& mask : masks) {
+            const bool subtree = mask.endsWith(QLatin1String("/*"));
+            const QString path = subtree ? mask.chopped(2) : mask;
+            m_masks.push_back({path, subtree, Read(path, subtree)});
+        }
+    }
+
+    ~CSettingsRestorer() {
+        if (m_kept)
+            return;
+        try {
+            Restore();
+        } catch (const ulm_std::CException& e) {
+            qWarning() << "Receiver settings not fully restored:" << e.GetErrorMessage();
+        }
+    }
+
+    CSettingsRestorer(const CSettingsRestorer&) = delete;
+    CSettingsRestorer& operator=(const CSettingsRestorer&) = delete;
+
+    // The operation succeeded: leave its changes.
+    void Keep() { m_kept = true; }
+
+    // Puts everything back now. Tries every setting, then throws the first failure.
+    void Restore() {
+        m_kept = true;
+        std::optional<ulm_std::CCommException> commFailure;
+        std::optional<ulm_std::CWinException> winFailure;
+        auto attempt = [&](const QString& command) {
+            try {
+                m_mate.Run(command);
+            } catch (const ulm_std::CCommException& e) {
+                // Values the receiver keeps to itself (states, counters) change on their own.
+                if (e.GetReply().compare(QLatin1String("{2,,access denied}"),
+                                         Qt::CaseInsensitive) != 0 &&
+                    !commFailure && !winFailure)
+                    commFailure = e;
+            } catch (const ulm_std::CWinException& e) {
+                if (!commFailure && !winFailure)
+                    winFailure = e;
+            }
+        };
+        if (m_port)
+            attempt(m_port->WriteCommand());
+        for (const Mask& mask : m_masks) {
+            QStringList skipped;
+            const SettingsNode current = Read(mask.path, mask.subtree);
+            for (const QString& command :
+                 RestoreCommands(mask.path, mask.recorded, current, &skipped))
+                attempt(command);
+            if (!skipped.isEmpty() && !commFailure && !winFailure)
+                winFailure.emplace(__LINE__, __FILE__,
+                                   g_PellLibApp.XLoadString(ids::RestoringSettings)
+                                       .arg(skipped.join(QStringLiteral(", "))),
+                                   ERROR_INVALID_PARAMETER);
+        }
+        if (commFailure)
+            throw *commFailure;
+        if (winFailure)
+            throw *winFailure;
+    }
+
+private:
+    struct Mask {
+        QString path;
+        bool subtree;
+        SettingsNode recorded;
+    };
+
+    // Restoring must go through even when the operation was cancelled.
+    static Mate Detached(Mate mate) {
+        mate.SetCancel({});
+        return mate;
+    }
+
+    SettingsNode Read(const QString& path, bool subtree) const {
+        const QString reply =
+            m_mate.Run(vexcmd::Print(subtree ? path + QStringLiteral(":on") : path));
+        return SettingsNode::Parse(reply, subtree);
+    }
+
+    Mate m_mate;
+    std::unique_ptr<CPortSettings> m_port;
+    std::vector<Mask> m_masks;
+    bool m_kept = false;
+};
+
+} // namespace pell

@@ -1,0 +1,130 @@
+#include "receiver/SettingsTree.h"
+
+#include "receiver/VexReceiverMate.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+
+namespace pell {
+
+namespace {
+
+// Deeper records than this are kept as one leaf: no receiver nests that far, and a hostile
+// reply must not exhaust the stack.
+constexpr int kMaxDepth = 32;
+
+bool IsKey(const QString& key) {
+    static const QRegularExpression pattern(QStringLiteral("^[A-Za-z0-9_]+$"));
+    return pattern.match(key).hasMatch();
+}
+
+// Whether `value` is a record whose every element is key=value.
+bool IsRecord(const QString& value) {
+    if (!value.startsWith(QLatin1Char('{')) || !value.endsWith(QLatin1Char('}')))
+        return false;
+    const QStringList elements = CVexReceiverMate::SplitList(value);
+    if (elements.isEmpty())
+        return false;
+    for (const QString& element : elements) {
+        const qsizetype equals = element.indexOf(QLatin1Char('='));
+        if (equals <= 0 || !IsKey(element.left(equals)))
+            return false;
+    }
+    return true;
+}
+
+SettingsNode ParseAt(const QString& printed, bool node, int depth) {
+    SettingsNode result;
+    const QString text = printed.trimmed();
+    if (depth >= kMaxDepth || !(node ? text.startsWith(QLatin1Char('{')) : IsRecord(text))) {
+        result.value = text;
+        return result;
+    }
+    result.leaf = false;
+    for (const QString& element : CVexReceiverMate::SplitList(text)) {
+        const qsizetype equals = element.indexOf(QLatin1Char('='));
+        if (equals <= 0 || !IsKey(element.left(equals)))
+            continue;
+        result.children.emplace(element.left(equals),
+                                ParseAt(element.mid(equals + 1), false, depth + 1));
+    }
+    return result;
+}
+
+// A printed value goes back as it came, so it must not hold a command separator of its own.
+bool IsOneValue(const QString& value) {
+    if (std::any_of(value.begin(), value.end(), [](QChar c) { return c.unicode() < 0x20; }))
+        return false;
+    bool quoted = false;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const QChar c = value.at(i);
+        if (quoted && c == QLatin1Char('\\'))
+            ++i;
+        else if (c == QLatin1Char('"'))
+            quoted = !quoted;
+        else if (!quoted && c == QLatin1Char(';'))
+            return false;
+    }
+    return !quoted && !value.isEmpty();
+}
+
+bool IsItemKey(const QString& key) {
+    bool number = false;
+    key.toUInt(&number);
+    return number;
+}
+
+struct Plan {
+    QStringList removes;
+    QStringList creates;
+    QStringList sets;
+    QStringList* skipped;
+
+    void Set(const QString& path, const QString& value) {
+        if (IsOneValue(value))
+            sets << QStringLiteral("set,") + path + QLatin1Char(',') + value;
+        else if (skipped)
+            *skipped << path;
+    }
+    void Fill(const QString& path, const SettingsNode& node) {
+        if (node.leaf)
+            return Set(path, node.value);
+        for (const auto& [key, child] : node.children)
+            Fill(path + QLatin1Char('/') + key, child);
+    }
+    void Compare(const QString& path, const SettingsNode& recorded, const SettingsNode& current) {
+        if (recorded.leaf || current.leaf) {
+            if (recorded != current)
+                Fill(path, recorded);
+            return;
+        }
+        for (const auto& [key, child] : current.children)
+            if (!recorded.children.contains(key) && IsItemKey(key))
+                removes << QStringLiteral("remove,") + path + QLatin1Char('/') + key;
+        for (const auto& [key, child] : recorded.children) {
+            const QString childPath = path + QLatin1Char('/') + key;
+            const auto now = current.children.find(key);
+            if (now != current.children.end()) {
+                Compare(childPath, child, now->second);
+            } else if (IsItemKey(key)) {
+                creates << QStringLiteral("create,%1,%2").arg(path).arg(key.toUInt());
+                Fill(childPath, child);
+            }
+        }
+    }
+};
+
+} // namespace
+
+SettingsNode SettingsNode::Parse(const QString& printed, bool node) {
+    return ParseAt(printed, node, 0);
+}
+
+QStringList RestoreCommands(const QString& path, const SettingsNode& recorded,
+                            const SettingsNode& current, QStringList* skipped) {
+    Plan plan{{}, {}, {}, skipped};
+    plan.Compare(path, recorded, current);
+    return plan.removes + plan.creates + plan.sets;
+}
+
+} // namespace pell

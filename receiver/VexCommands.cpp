@@ -1,0 +1,125 @@
+#include "receiver/VexCommands.h"
+
+#include "lib/Common.h"
+#include "lib/Exceptions.h"
+#include "lib/PellLib.h"
+#include "resources/StringIds.h"
+
+#include <cmath>
+
+namespace pell::vexcmd {
+
+namespace {
+
+bool IsControl(QChar c) {
+    return c.unicode() < 0x20 || c.unicode() == 0x7F;
+}
+
+[[noreturn]] void Refuse(unsigned textId, const QString& path) {
+    PELL_THROW_WIN(g_PellLibApp.XLoadString(textId).arg(path), ERROR_INVALID_PARAMETER);
+}
+
+// Paths and words are written bare: they must not hold anything the command line gives a
+// meaning to. Commas may only separate the fields of a selection such as "&[name,size]".
+const QString& Bare(const QString& text, const QString& path) {
+    static const QString forbidden = QStringLiteral(";\"{}");
+    int selection = 0;
+    for (const QChar c : text) {
+        if (c == QLatin1Char('['))
+            ++selection;
+        else if (c == QLatin1Char(']') && --selection < 0)
+            Refuse(ids::UnsafeCommandWord, path);
+        if (IsControl(c) || forbidden.contains(c) || c.isSpace() ||
+            (c == QLatin1Char(',') && selection == 0))
+            Refuse(ids::UnsafeCommandWord, path);
+    }
+    if (text.isEmpty() || selection != 0)
+        Refuse(ids::UnsafeCommandWord, path);
+    return text;
+}
+
+QString Set(const QString& path, const QString& value) {
+    return QStringLiteral("set,") + Bare(path, path) + QLatin1Char(',') + value;
+}
+
+} // namespace
+
+QString Print(const QString& path) {
+    return QStringLiteral("print,") + Bare(path, path);
+}
+
+QString SetChoice(const QString& path, const QString& word) {
+    return Set(path, Bare(word, path));
+}
+
+QString SetSigned(const QString& path, long long value) {
+    return Set(path, QString::number(value));
+}
+
+QString SetUnsigned(const QString& path, unsigned long long value) {
+    return Set(path, QString::number(value));
+}
+
+QString SetReal(const QString& path, double value) {
+    if (!std::isfinite(value))
+        Refuse(ids::UnsafeCommandWord, path);
+    return Set(path, QString::asprintf("%f", value));
+}
+
+QString SetText(const QString& path, const QString& text) {
+    return Set(path, QuoteText(text, path));
+}
+
+QString QuoteText(const QString& text, const QString& path) {
+    QString out;
+    out.reserve(text.size() + 2);
+    out += QLatin1Char('"');
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c == QLatin1Char('"') || c == QLatin1Char('\\')) {
+            out += QLatin1Char('\\');
+            out += c;
+        } else if (c == QLatin1Char('\r')) {
+            out += QStringLiteral("\\r");
+        } else if (c == QLatin1Char('\n')) {
+            out += QStringLiteral("\\n");
+        } else if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
+            out += c;
+            out += text.at(++i);
+        } else if ((IsControl(c) && c != QLatin1Char('\t')) || c.isSurrogate()) {
+            Refuse(ids::UnsafeTextValue, path);
+        } else {
+            out += c;
+        }
+    }
+    out += QLatin1Char('"');
+    return out;
+}
+
+std::optional<QString> UnquoteText(const QString& quoted) {
+    if (quoted.size() < 2 || !quoted.startsWith(QLatin1Char('"')) ||
+        !quoted.endsWith(QLatin1Char('"')))
+        return std::nullopt;
+    QString out;
+    out.reserve(quoted.size() - 2);
+    for (qsizetype i = 1; i < quoted.size() - 1; ++i) {
+        QChar c = quoted.at(i);
+        if (c == QLatin1Char('"'))
+            return std::nullopt;
+        if (c == QLatin1Char('\\')) {
+            if (++i >= quoted.size() - 1)
+                return std::nullopt;
+            c = quoted.at(i);
+            if (c == QLatin1Char('r'))
+                c = QLatin1Char('\r');
+            else if (c == QLatin1Char('n'))
+                c = QLatin1Char('\n');
+            else if (c != QLatin1Char('"') && c != QLatin1Char('\\'))
+                return std::nullopt;
+        }
+        out += c;
+    }
+    return out;
+}
+
+} // namespace pell::vexcmd

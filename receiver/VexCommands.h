@@ -1,0 +1,31 @@
+#pragma once
+
+#include "lib/pell_export.h"
+
+#include <QString>
+#include <optional>
+
+// Command lines of the receiver language, one per value kind. Every function checks what it is
+// given, so no value can end its own command or start another: a path or word with a separator,
+// quote or control character, or a text that cannot be quoted, raises CWinException with
+// ERROR_INVALID_PARAMETER and nothing is sent.
+namespace pell::vexcmd {
+
+// print,<path>
+PELL_EXPORT QString Print(const QString& path);
+// set,<path>,<word> for enumerations and other bare words
+PELL_EXPORT QString SetChoice(const QString& path, const QString& word);
+// set,<path>,<n>
+PELL_EXPORT QString SetSigned(const QString& path, long long value);
+PELL_EXPORT QString SetUnsigned(const QString& path, unsigned long long value);
+// set,<path>,<value> with six decimals, as the receiver expects reals
+PELL_EXPORT QString SetReal(const QString& path, double value);
+// set,<path>,"<text>" with the text escaped the receiver's way
+PELL_EXPORT QString SetText(const QString& path, const QString& text);
+
+// "text" with \" \\ \r \n escapes; throws for other control characters and broken UTF-16.
+PELL_EXPORT QString QuoteText(const QString& text, const QString& path);
+// The text of one well-formed quoted string; nullopt for anything else.
+PELL_EXPORT std::optional<QString> UnquoteText(const QString& quoted);
+
+} // namespace pell::vexcmd

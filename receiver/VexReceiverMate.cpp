@@ -1,0 +1,188 @@
+#include "receiver/VexReceiverMate.h"
+
+#include "lib/Common.h"
+#include "lib/Exceptions.h"
+#include "receiver/VexCommands.h"
+
+#include <QEventLoop>
+#include <QPointer>
+#include <set>
+
+namespace {
+
+using pell::vexcmd::UnquoteText;
+
+const QString kDevice = QStringLiteral("Receiver");
+const QString kSource = QStringLiteral("VexReceiverMate");
+
+// Receivers with a command waiting in this thread.
+thread_local std::set<const rxio::IReceiver*> t_pending;
+
+class PendingMark {
+public:
+    explicit PendingMark(const rxio::IReceiver* receiver) : m_receiver(receiver) {
+        t_pending.insert(receiver);
+    }
+    ~PendingMark() { t_pending.erase(m_receiver); }
+    PendingMark(const PendingMark&) = delete;
+    PendingMark& operator=(const PendingMark&) = delete;
+
+private:
+    const rxio::IReceiver* m_receiver;
+};
+
+// What the completion leaves for the waiting side; shared, because a completion may still be
+// on its way when the wait has already given up.
+struct Wait {
+    bool done = false;
+    bool cancelled = false;
+    rxio::CommandResult result;
+    QPointer<QEventLoop> loop;
+};
+
+bool IsAcceptedRefusal(const QString& command, const QString& reply) {
+    return reply.compare(QLatin1String("{2,,access denied}"), Qt::CaseInsensitive) == 0 &&
+           (command.startsWith(QLatin1String("em,")) || command.startsWith(QLatin1String("out,")));
+}
+
+} // namespace
+
+CVexReceiverMate::CVexReceiverMate(std::shared_ptr<rxio::IReceiver> receiver, bool keepAlive)
+    : m_receiver(std::move(receiver)), m_keepAlive(keepAlive) {}
+
+bool CVexReceiverMate::IsPending(const rxio::IReceiver* receiver) {
+    return t_pending.contains(receiver);
+}
+
+QString CVexReceiverMate::Run(const QString& command, EQuotes quotes,
+                              const Validator& validator) const {
+    if (!m_receiver)
+        PELL_THROW_WIN(command, pell::ERROR_DEV_NOT_EXIST);
+    if (IsPending(m_receiver.get()))
+        PELL_THROW_WIN(command, pell::ERROR_BUSY);
+    if (m_cancel.stop_requested())
+        PELL_THROW_WIN(command, pell::ERROR_CANCELLED);
+
+    const PendingMark mark(m_receiver.get());
+    QEventLoop loop;
+    const auto wait = std::make_shared<Wait>();
+    wait->loop = &loop;
+    const auto id =
+        m_receiver->StartCommand(command, m_timeoutMs, [wait](const rxio::CommandResult& result) {
+            wait->done = true;
+            wait->result = result;
+            if (wait->loop)
+                wait->loop->quit();
+        });
+    {
+        const std::stop_callback onCancel(m_cancel, [wait, &loop] {
+            wait->cancelled = true;
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        if (!wait->done && !wait->cancelled)
+            loop.exec(m_keepAlive ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+    }
+    wait->loop = nullptr;
+
+    if (!wait->done) {
+        m_receiver->Abandon(id);
+        PELL_THROW_WIN(command,
+                       wait->cancelled ? pell::ERROR_CANCELLED : pell::ERROR_INTERNAL_ERROR);
+    }
+    const rxio::CommandResult& result = wait->result;
+    if (result.status == rxio::CommandResult::TimedOut)
+        PELL_THROW_WIN(command, pell::ERROR_TIMEOUT);
+    if (result.status == rxio::CommandResult::Disconnected)
+        PELL_THROW_WIN(command, pell::ERROR_DEV_NOT_EXIST);
+
+    const QString reply = result.reply.trimmed();
+    if (result.error && !IsAcceptedRefusal(command, reply))
+        throw ulm_std::CCommException(command, kDevice, reply, kSource);
+    if (validator && !validator(reply))
+        throw ulm_std::CCommException(command, kDevice, reply, kSource);
+    if (quotes == RemoveQuotes)
+        if (auto text = UnquoteText(reply))
+            return *text;
+    return reply;
+}
+
+QString CVexReceiverMate::StripBraces(const QString& text) {
+    if (text.size() >= 2 && text.startsWith(QLatin1Char('{')) && text.endsWith(QLatin1Char('}')))
+        return text.mid(1, text.size() - 2);
+    return text;
+}
+
+QStringList CVexReceiverMate::SplitList(const QString& text) {
+    const QString inner = StripBraces(text.trimmed());
+    QStringList parts;
+    if (inner.trimmed().isEmpty())
+        return parts;
+    qsizetype start = 0;
+    int depth = 0;
+    bool quoted = false;
+    for (qsizetype i = 0; i < inner.size(); ++i) {
+        const QChar c = inner.at(i);
+        if (quoted) {
+            if (c == QLatin1Char('\\'))
+                ++i;
+            else if (c == QLatin1Char('"'))
+                quoted = false;
+        } else if (c == QLatin1Char('"')) {
+            quoted = true;
+        } else if (c == QLatin1Char('{')) {
+            ++depth;
+        } else if (c == QLatin1Char('}')) {
+            depth = std::max(0, depth - 1);
+        } else if (c == QLatin1Char(',') && depth == 0) {
+            parts << inner.mid(start, i - start).trimmed();
+            start = i + 1;
+        }
+    }
+    parts << inner.mid(start).trimmed();
+    return parts;
+}
+
+std::vector<std::pair<unsigned, QString>>
+CVexReceiverMate::SplitKeyedList(const QString& text, const QString& operation) {
+    std::vector<std::pair<unsigned, QString>> items;
+    for (const QString& element : SplitList(text)) {
+        qsizetype digits = 0;
+        unsigned index = 0;
+        while (digits < element.size() && element.at(digits).isDigit() &&
+               element.at(digits).unicode() < 0x80 && index <= 255)
+            index = index * 10 + unsigned(element.at(digits++).unicode() - '0');
+        if (digits == 0 || index > 255 || digits >= element.size() ||
+            element.at(digits) != QLatin1Char('='))
+            PELL_THROW_WIN(operation, pell::ERROR_INVALID_PARAMETER);
+        items.emplace_back(index, element.mid(digits + 1));
+    }
+    return items;
+}
+
+std::map<QString, QString> CVexReceiverMate::SplitRecord(const QString& text) {
+    std::map<QString, QString> record;
+    for (const QString& element : SplitList(text)) {
+        const qsizetype equals = element.indexOf(QLatin1Char('='));
+        if (equals <= 0)
+            continue;
+        const QString key = element.left(equals).trimmed();
+        // A quote or brace before the "=" means the "=" belongs to a value, not to a key.
+        if (key.isEmpty() || key.contains(QLatin1Char('"')) || key.contains(QLatin1Char('{')))
+            continue;
+        record.emplace(key, element.mid(equals + 1).trimmed());
+    }
+    return record;
+}
+
+std::vector<std::pair<unsigned, std::map<QString, QString>>>
+CVexReceiverMate::SplitKeyedRecords(const QString& text, const QString& operation,
+                                    const QStringList& keys) {
+    std::vector<std::pair<unsigned, std::map<QString, QString>>> records;
+    for (auto& [index, value] : SplitKeyedList(text, operation)) {
+        auto record = SplitRecord(value);
+        if (std::all_of(keys.begin(), keys.end(),
+                        [&](const QString& key) { return record.contains(key); }))
+            records.emplace_back(index, std::move(record));
+    }
+    return records;
+}

@@ -1,0 +1,114 @@
+#include "SimulatedReceiver.h"
+#include "lib/Common.h"
+#include "lib/Exceptions.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace pell::vexcmd;
+
+TEST(CommandFormats, OneFormatPerValueKind) {
+    const std::pair<QString, const char*> cases[] = {
+        {Print(QStringLiteral("pos/elm")), "print,pos/elm"},
+        {Print(QStringLiteral("/log/&[name,size,time]")), "print,/log/&[name,size,time]"},
+        {SetChoice(QStringLiteral("/par/dev/ser/a/rate"), QStringLiteral("115200")),
+         "set,/par/dev/ser/a/rate,115200"},
+        {SetSigned(QStringLiteral("dev/pps/a/offs/ns"), -250), "set,dev/pps/a/offs/ns,-250"},
+        {SetUnsigned(QStringLiteral("grpnum"), 4000000000u), "set,grpnum,4000000000"},
+        {SetReal(QStringLiteral("mask"), 12.5), "set,mask,12.500000"},
+        {SetReal(QStringLiteral("mask"), -0.0000004), "set,mask,-0.000000"},
+        {SetText(QStringLiteral("usr/01/name"), QStringLiteral("Ann")), "set,usr/01/name,\"Ann\""},
+        {SetText(QStringLiteral("n"), QString()), "set,n,\"\""},
+        {SetText(QStringLiteral("n"), QStringLiteral("a\"b\\c\r\nd\te")),
+         "set,n,\"a\\\"b\\\\c\\r\\nd\te\""},
+    };
+    for (const auto& [command, expected] : cases)
+        EXPECT_EQ(command, QString::fromUtf8(expected));
+}
+
+TEST(CommandFormats, NothingUnsafeBecomesACommand) {
+    const std::function<QString()> refused[] = {
+        [] { return Print(QStringLiteral("pos/elm;reset,yes")); },
+        [] { return Print(QStringLiteral("pos/elm,x")); },
+        [] { return Print(QStringLiteral("a]b[,c")); },
+        [] { return Print(QString()); },
+        [] { return SetChoice(QStringLiteral("p"), QStringLiteral("on;power,off")); },
+        [] { return SetChoice(QStringLiteral("p"), QStringLiteral("on off")); },
+        [] { return SetChoice(QStringLiteral("p"), QStringLiteral("\"on\"")); },
+        [] { return SetChoice(QStringLiteral("p"), QStringLiteral("{on}")); },
+        [] { return SetChoice(QStringLiteral("p"), QStringLiteral("on\n")); },
+        [] { return SetReal(QStringLiteral("p"), std::numeric_limits<double>::quiet_NaN()); },
+        [] { return SetReal(QStringLiteral("p"), std::numeric_limits<double>::infinity()); },
+        [] { return SetText(QStringLiteral("p"), QStringLiteral("a\x01b")); },
+        [] { return SetText(QStringLiteral("p"), QString(QChar(0))); },
+        [] { return SetText(QStringLiteral("p"), QString(QChar(0x7F))); },
+        [] { return SetText(QStringLiteral("p"), QString(QChar(0xD800))); },
+        [] { return SetText(QStringLiteral("p;x"), QStringLiteral("a")); },
+    };
+    for (std::size_t i = 0; i < std::size(refused); ++i) {
+        try {
+            const QString command = refused[i]();
+            ADD_FAILURE() << "case " << i << " built " << command.toStdString();
+        } catch (const ulm_std::CWinException& e) {
+            EXPECT_EQ(e.GetErrorCode(), pell::ERROR_INVALID_PARAMETER) << "case " << i;
+        }
+    }
+}
+
+TEST(CommandFormats, QuotingRoundTrips) {
+    const QString texts[] = {
+        QString(),
+        QStringLiteral("\""),
+        QStringLiteral("\\"),
+        QStringLiteral("\\\""),
+        QStringLiteral("a\r\nb"),
+        QStringLiteral("Grüße 東京 🛰"),
+    };
+    for (const QString& text : texts)
+        EXPECT_EQ(UnquoteText(QuoteText(text, QStringLiteral("p"))), text);
+    for (const char* broken : {"", "\"", "a", "\"a", "\"a\"b\"", "\"a\\\"", "\"\\x\""})
+        EXPECT_FALSE(UnquoteText(QString::fromUtf8(broken))) << broken;
+}
+
+// What a user may type into a name field, sent to the simulated receiver: each must arrive as
+// exactly the one intended command and come back unchanged.
+TEST(CommandFormats, HostileTextReachesTheReceiverAsOneCommand) {
+    pell::test::SimulatedReceiver sim;
+    CVexReceiverMate mate(sim.Receiver());
+    const QString path = QStringLiteral("wlan/ap/passwd");
+    const QString texts[] = {
+        QStringLiteral("x\";set,pos/elm,7;print,\""),
+        QStringLiteral("x\"\r\nset,pos/elm,7\r\n"),
+        QStringLiteral("a\\"),
+        QStringLiteral("\\\";reset,yes;\""),
+        QStringLiteral("{},;=&:on"),
+        QStringLiteral("%ls%n%s"),
+        QStringLiteral("$GPGGA,1*00"),
+        QStringLiteral("RE000004%1%ok"),
+        QStringLiteral("Grüße 東京"),
+    };
+    const QString elevationMask = sim.Value(QStringLiteral("pos/elm"));
+    for (const QString& text : texts) {
+        const qsizetype before = sim.Simulator().ReceivedCommands().size();
+        const QString command = SetText(path, text);
+        EXPECT_NO_THROW(mate.Run(command)) << text.toStdString();
+        const QStringList received = sim.Simulator().ReceivedCommands().mid(before);
+        EXPECT_EQ(received, QStringList{command}) << text.toStdString();
+        EXPECT_EQ(mate.Run(Print(path), CVexReceiverMate::RemoveQuotes), text);
+    }
+    EXPECT_EQ(sim.Value(QStringLiteral("pos/elm")), elevationMask);
+}
+
+TEST(CommandFormats, RefusedTextSendsNothing) {
+    pell::test::SimulatedReceiver sim;
+    CVexReceiverMate mate(sim.Receiver());
+    const qsizetype before = sim.Simulator().ReceivedCommands().size();
+    EXPECT_THROW(mate.Run(SetText(QStringLiteral("wlan/ap/passwd"), QStringLiteral("a\x1b[2J"))),
+                 ulm_std::CWinException);
+    EXPECT_EQ(sim.Simulator().ReceivedCommands().size(), before);
+}
+
+} // namespace
