@@ -1,14 +1,15 @@
-// Command round trips over the in-process link and loopback TCP, and a paced run at 115200 baud
-// compared with the time its bytes need on the wire.
+// Command round trips through the receiver mate over the in-process link and loopback TCP, and a
+// paced run at 115200 baud compared with the time its bytes need on the wire.
 #include "Model.h"
 #include "Simulator.h"
+#include "lib/Exceptions.h"
+#include "receiver/VexReceiverMate.h"
 #include "rxio/Framing.h"
 #include "rxio/Pipe.h"
 #include "rxio/ReceiverConnection.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <benchmark/benchmark.h>
@@ -21,31 +22,17 @@ std::shared_ptr<const rxsim::CModel> Model() {
     return model;
 }
 
-rxio::CommandResult Exec(rxio::IReceiver& receiver, const QString& command) {
-    rxio::CommandResult result;
-    bool done = false;
-    QEventLoop loop;
-    receiver.StartCommand(command, 5000, [&](const rxio::CommandResult& r) {
-        result = r;
-        done = true;
-        loop.quit();
-    });
-    if (!done)
-        loop.exec();
-    return result;
-}
-
 struct InProcess {
     InProcess() : simulator(Model(), Model()->Profiles().front().name) {
         auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
         end = std::move(theirs);
         simulator.Serve(end.get());
-        connection = std::make_unique<rxio::CReceiverConnection>(
+        connection = std::make_shared<rxio::CReceiverConnection>(
             rxio::OpenInProcessLink(std::move(mine), QStringLiteral("sim")).link);
     }
     rxsim::CSimulator simulator;
     std::unique_ptr<QIODevice> end;
-    std::unique_ptr<rxio::CReceiverConnection> connection;
+    std::shared_ptr<rxio::CReceiverConnection> connection;
 };
 
 struct Tcp {
@@ -56,7 +43,7 @@ struct Tcp {
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
             simulator.Serve(socket.get());
         });
-        connection = std::make_unique<rxio::CReceiverConnection>(
+        connection = std::make_shared<rxio::CReceiverConnection>(
             rxio::OpenTcpLink(QStringLiteral("127.0.0.1"), server.serverPort(), 2000).link);
         while (!socket)
             QCoreApplication::processEvents();
@@ -64,15 +51,17 @@ struct Tcp {
     rxsim::CSimulator simulator;
     QTcpServer server;
     std::unique_ptr<QTcpSocket> socket;
-    std::unique_ptr<rxio::CReceiverConnection> connection;
+    std::shared_ptr<rxio::CReceiverConnection> connection;
 };
 
 template <class Link> void RoundTrip(benchmark::State& state) {
     Link link;
-    for (auto _ : state) {
-        const rxio::CommandResult r = Exec(*link.connection, QStringLiteral("print,pos/elm"));
-        if (r.status != rxio::CommandResult::Completed || r.error)
-            state.SkipWithError("command failed");
+    const CVexReceiverMate mate(link.connection);
+    try {
+        for (auto _ : state)
+            benchmark::DoNotOptimize(mate.Run(QStringLiteral("print,pos/elm")));
+    } catch (const ulm_std::CException& e) {
+        state.SkipWithError(e.what());
     }
     state.SetItemsProcessed(state.iterations());
 }
@@ -84,15 +73,16 @@ void PacedAt115200(benchmark::State& state) {
     for (auto _ : state) {
         InProcess link;
         link.simulator.GetFaults().baud = kBaud;
+        const CVexReceiverMate mate(link.connection);
         qint64 wireBytes = 0;
         QElapsedTimer clock;
         clock.start();
         for (int i = 0; i < kCommands; ++i) {
             const QByteArray id = QByteArray::number(i + 1);
-            const rxio::CommandResult r = Exec(*link.connection, command);
+            const QString reply = mate.Run(command);
             // The bytes of the command and of its framed reply, both on the one line.
             wireBytes += rxio::EncodeCommand(id, command).size() + 8 + 2 + id.size() +
-                         r.reply.toUtf8().size() + 1;
+                         reply.toUtf8().size() + 1;
         }
         const double measured = clock.nsecsElapsed() / 1e9;
         const double wire = wireBytes * 10.0 / kBaud;

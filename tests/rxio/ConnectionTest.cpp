@@ -187,6 +187,13 @@ TEST(ConnectionTest, CommandsThatWouldSplitIntoTwoAreRefusedUnsent) {
     }
     Spin(20);
     EXPECT_TRUE(bench.simulator.ReceivedCommands().isEmpty());
+
+    // Refused at once, then abandoned before the answer came round: never answered.
+    bool called = false;
+    bench.connection->Abandon(bench.connection->StartCommand(
+        QStringLiteral("print,x\nreset,yes"), 1000, [&](const CommandResult&) { called = true; }));
+    Spin(20);
+    EXPECT_FALSE(called);
 }
 
 TEST(ConnectionTest, ADroppedConnectionRaisesTheNoticeAndEndsPendingCommands) {
