@@ -169,4 +169,635 @@
         <translation>Wiederherstellen der Empfängereinstellungen unter %1</translation>
     </message>
 </context>
+<context>
+    <name>PellNames</name>
+    <message>
+        <source>GPS</source>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>GLONASS</source>
+        <translation>GLONASS</translation>
+    </message>
+    <message>
+        <source>L1</source>
+        <translation>L1</translation>
+    </message>
+    <message>
+        <source>L2</source>
+        <translation>L2</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuell</translation>
+    </message>
+    <message>
+        <source>300 baud</source>
+        <translation>300 Baud</translation>
+    </message>
+    <message>
+        <source>600 baud</source>
+        <translation>600 Baud</translation>
+    </message>
+    <message>
+        <source>1200 baud</source>
+        <translation>1200 Baud</translation>
+    </message>
+    <message>
+        <source>2400 baud</source>
+        <translation>2400 Baud</translation>
+    </message>
+    <message>
+        <source>4800 baud</source>
+        <translation>4800 Baud</translation>
+    </message>
+    <message>
+        <source>9600 baud</source>
+        <translation>9600 Baud</translation>
+    </message>
+    <message>
+        <source>19200 baud</source>
+        <translation>19200 Baud</translation>
+    </message>
+    <message>
+        <source>38400 baud</source>
+        <translation>38400 Baud</translation>
+    </message>
+    <message>
+        <source>57600 baud</source>
+        <translation>57600 Baud</translation>
+    </message>
+    <message>
+        <source>115200 baud</source>
+        <translation>115200 Baud</translation>
+    </message>
+    <message>
+        <source>153600 baud</source>
+        <translation>153600 Baud</translation>
+    </message>
+    <message>
+        <source>230400 baud</source>
+        <translation>230400 Baud</translation>
+    </message>
+    <message>
+        <source>460800 baud</source>
+        <translation>460800 Baud</translation>
+    </message>
+    <message>
+        <source>921600 baud</source>
+        <translation>921600 Baud</translation>
+    </message>
+    <message>
+        <source>Static</source>
+        <translation>Statisch</translation>
+    </message>
+    <message>
+        <source>Kinematic</source>
+        <translation>Kinematisch</translation>
+    </message>
+    <message>
+        <source>Toggle Static/Kinematic</source>
+        <translation>Statisch/Kinematisch umschalten</translation>
+    </message>
+    <message>
+        <source>5 bits</source>
+        <translation>5 Bit</translation>
+    </message>
+    <message>
+        <source>6 bits</source>
+        <translation>6 Bit</translation>
+    </message>
+    <message>
+        <source>7 bits</source>
+        <translation>7 Bit</translation>
+    </message>
+    <message>
+        <source>8 bits</source>
+        <translation>8 Bit</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Level Only</source>
+        <translation>Nur Libelle</translation>
+    </message>
+    <message>
+        <source>Compass Only</source>
+        <translation>Nur Kompass</translation>
+    </message>
+    <message>
+        <source>Level and Compass</source>
+        <translation>Libelle und Kompass</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Start/Stop Logging</source>
+        <translation>Aufzeichnung starten/stoppen</translation>
+    </message>
+    <message>
+        <source>Switch Base/Rover</source>
+        <translation>Basis/Rover umschalten</translation>
+    </message>
+    <message>
+        <source>Reinitialise RTK</source>
+        <translation>RTK neu initialisieren</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Initialising</source>
+        <translation>Initialisierung</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Dialing</source>
+        <translation>Wählt</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>GSM/GPRS</source>
+        <translation>GSM/GPRS</translation>
+    </message>
+    <message>
+        <source>UMTS</source>
+        <translation>UMTS</translation>
+    </message>
+    <message>
+        <source>LTE</source>
+        <translation>LTE</translation>
+    </message>
+    <message>
+        <source>UHF Radio</source>
+        <translation>UHF-Funk</translation>
+    </message>
+    <message>
+        <source>609 sps</source>
+        <translation>609 Symbole/s</translation>
+    </message>
+    <message>
+        <source>1219 sps</source>
+        <translation>1219 Symbole/s</translation>
+    </message>
+    <message>
+        <source>2438 sps</source>
+        <translation>2438 Symbole/s</translation>
+    </message>
+    <message>
+        <source>4876 sps</source>
+        <translation>4876 Symbole/s</translation>
+    </message>
+    <message>
+        <source>9752 sps</source>
+        <translation>9752 Symbole/s</translation>
+    </message>
+    <message>
+        <source>Standalone</source>
+        <translation>Autonom</translation>
+    </message>
+    <message>
+        <source>SBAS</source>
+        <translation>SBAS</translation>
+    </message>
+    <message>
+        <source>Code Differential</source>
+        <translation>Code-differenziell</translation>
+    </message>
+    <message>
+        <source>RTK</source>
+        <translation>RTK</translation>
+    </message>
+    <message>
+        <source>PPP</source>
+        <translation>PPP</translation>
+    </message>
+    <message>
+        <source>Best Available</source>
+        <translation>Beste verfügbare</translation>
+    </message>
+    <message>
+        <source>Restore Last Settings</source>
+        <translation>Letzte Einstellungen wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Factory Settings</source>
+        <translation>Werkseinstellungen</translation>
+    </message>
+    <message>
+        <source>Load Profile</source>
+        <translation>Profil laden</translation>
+    </message>
+    <message>
+        <source>1 bit</source>
+        <translation>1 Bit</translation>
+    </message>
+    <message>
+        <source>2 bits</source>
+        <translation>2 Bit</translation>
+    </message>
+    <message>
+        <source>User Defined</source>
+        <translation>Benutzerdefiniert</translation>
+    </message>
+    <message>
+        <source>Last Known</source>
+        <translation>Zuletzt bekannt</translation>
+    </message>
+    <message>
+        <source>Extra Low</source>
+        <translation>Sehr niedrig</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Niedrig</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Hoch</translation>
+    </message>
+    <message>
+        <source>Internal</source>
+        <translation>Intern</translation>
+    </message>
+    <message>
+        <source>External</source>
+        <translation>Extern</translation>
+    </message>
+    <message>
+        <source>Battery A</source>
+        <translation>Akku A</translation>
+    </message>
+    <message>
+        <source>Battery B</source>
+        <translation>Akku B</translation>
+    </message>
+    <message>
+        <source>Batteries A and B</source>
+        <translation>Akkus A und B</translation>
+    </message>
+    <message>
+        <source>Serial A</source>
+        <translation>Seriell A</translation>
+    </message>
+    <message>
+        <source>Serial B</source>
+        <translation>Seriell B</translation>
+    </message>
+    <message>
+        <source>Serial C</source>
+        <translation>Seriell C</translation>
+    </message>
+    <message>
+        <source>Serial D</source>
+        <translation>Seriell D</translation>
+    </message>
+    <message>
+        <source>Closed</source>
+        <translation>Geschlossen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Geöffnet</translation>
+    </message>
+    <message>
+        <source>Busy</source>
+        <translation>Belegt</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>Seriell</translation>
+    </message>
+    <message>
+        <source>USB</source>
+        <translation>USB</translation>
+    </message>
+    <message>
+        <source>TCP</source>
+        <translation>TCP</translation>
+    </message>
+    <message>
+        <source>TCP Client</source>
+        <translation>TCP-Client</translation>
+    </message>
+    <message>
+        <source>UDP</source>
+        <translation>UDP</translation>
+    </message>
+    <message>
+        <source>Bluetooth</source>
+        <translation>Bluetooth</translation>
+    </message>
+    <message>
+        <source>Bluetooth LE</source>
+        <translation>Bluetooth LE</translation>
+    </message>
+    <message>
+        <source>NTRIP</source>
+        <translation>NTRIP</translation>
+    </message>
+    <message>
+        <source>Modem</source>
+        <translation>Modem</translation>
+    </message>
+    <message>
+        <source>Plain</source>
+        <translation>Klartext</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Login</translation>
+    </message>
+    <message>
+        <source>CRAM-MD5</source>
+        <translation>CRAM-MD5</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Open Circuit</source>
+        <translation>Unterbrechung</translation>
+    </message>
+    <message>
+        <source>Short Circuit</source>
+        <translation>Kurzschluss</translation>
+    </message>
+    <message>
+        <source>Not Powered</source>
+        <translation>Ohne Versorgung</translation>
+    </message>
+    <message>
+        <source>No Signal</source>
+        <translation>Kein Signal</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Internal Oscillator</source>
+        <translation>Interner Oszillator</translation>
+    </message>
+    <message>
+        <source>External Frequency</source>
+        <translation>Externe Frequenz</translation>
+    </message>
+    <message>
+        <source>Not Used</source>
+        <translation>Nicht verwendet</translation>
+    </message>
+    <message>
+        <source>Locking</source>
+        <translation>Rastet ein</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Eingerastet</translation>
+    </message>
+    <message>
+        <source>Echo</source>
+        <translation>Echo</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>RTCM 2.x</source>
+        <translation>RTCM 2.x</translation>
+    </message>
+    <message>
+        <source>RTCM 3.x</source>
+        <translation>RTCM 3.x</translation>
+    </message>
+    <message>
+        <source>CMR</source>
+        <translation>CMR</translation>
+    </message>
+    <message>
+        <source>JPS</source>
+        <translation>JPS</translation>
+    </message>
+    <message>
+        <source>OmniSTAR</source>
+        <translation>OmniSTAR</translation>
+    </message>
+    <message>
+        <source>Broadcast Model</source>
+        <translation>Broadcast-Modell</translation>
+    </message>
+    <message>
+        <source>SBAS Grid</source>
+        <translation>SBAS-Gitter</translation>
+    </message>
+    <message>
+        <source>VBS</source>
+        <translation>VBS</translation>
+    </message>
+    <message>
+        <source>HP</source>
+        <translation>HP</translation>
+    </message>
+    <message>
+        <source>XP</source>
+        <translation>XP</translation>
+    </message>
+    <message>
+        <source>Relay</source>
+        <translation>Relais</translation>
+    </message>
+    <message>
+        <source>DGPS</source>
+        <translation>DGPS</translation>
+    </message>
+    <message>
+        <source>Raw Data</source>
+        <translation>Rohdaten</translation>
+    </message>
+    <message>
+        <source>Critical</source>
+        <translation>Kritisch</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>Basic</translation>
+    </message>
+    <message>
+        <source>Digest</source>
+        <translation>Digest</translation>
+    </message>
+    <message>
+        <source>All Mountpoints</source>
+        <translation>Alle Mountpoints</translation>
+    </message>
+    <message>
+        <source>Group 1</source>
+        <translation>Gruppe 1</translation>
+    </message>
+    <message>
+        <source>Group 2</source>
+        <translation>Gruppe 2</translation>
+    </message>
+    <message>
+        <source>Group 3</source>
+        <translation>Gruppe 3</translation>
+    </message>
+    <message>
+        <source>Group 4</source>
+        <translation>Gruppe 4</translation>
+    </message>
+    <message>
+        <source>NTRIP 1.0</source>
+        <translation>NTRIP 1.0</translation>
+    </message>
+    <message>
+        <source>NTRIP 2.0</source>
+        <translation>NTRIP 2.0</translation>
+    </message>
+    <message>
+        <source>Float</source>
+        <translation>Float</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>Fixiert</translation>
+    </message>
+    <message>
+        <source>Even</source>
+        <translation>Gerade</translation>
+    </message>
+    <message>
+        <source>Odd</source>
+        <translation>Ungerade</translation>
+    </message>
+    <message>
+        <source>Backup Only</source>
+        <translation>Nur als Reserve</translation>
+    </message>
+    <message>
+        <source>RINEX 2.10</source>
+        <translation>RINEX 2.10</translation>
+    </message>
+    <message>
+        <source>RINEX 2.11</source>
+        <translation>RINEX 2.11</translation>
+    </message>
+    <message>
+        <source>RINEX 2.12</source>
+        <translation>RINEX 2.12</translation>
+    </message>
+    <message>
+        <source>RINEX 3.00</source>
+        <translation>RINEX 3.00</translation>
+    </message>
+    <message>
+        <source>RINEX 3.01</source>
+        <translation>RINEX 3.01</translation>
+    </message>
+    <message>
+        <source>RINEX 3.02</source>
+        <translation>RINEX 3.02</translation>
+    </message>
+    <message>
+        <source>RINEX 3.03</source>
+        <translation>RINEX 3.03</translation>
+    </message>
+    <message>
+        <source>GZIP</source>
+        <translation>GZIP</translation>
+    </message>
+    <message>
+        <source>Hatanaka + GZIP</source>
+        <translation>Hatanaka + GZIP</translation>
+    </message>
+    <message>
+        <source>UTC</source>
+        <translation>UTC</translation>
+    </message>
+    <message>
+        <source>Galileo</source>
+        <translation>Galileo</translation>
+    </message>
+    <message>
+        <source>BeiDou</source>
+        <translation>BeiDou</translation>
+    </message>
+    <message>
+        <source>Local</source>
+        <translation>Ortszeit</translation>
+    </message>
+    <message>
+        <source>Once</source>
+        <translation>Einmalig</translation>
+    </message>
+    <message>
+        <source>Repeat</source>
+        <translation>Wiederholt</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>Present</source>
+        <translation>Vorhanden</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Access Point</source>
+        <translation>Zugangspunkt</translation>
+    </message>
+</context>
 </TS>
