@@ -35,4 +35,11 @@ constexpr unsigned PowerSwitchFailed = 61020;
 constexpr unsigned DeviceReceiver = 61021;
 constexpr unsigned DeviceModem = 61022;
 
+constexpr unsigned SheetOk = 61150;
+constexpr unsigned SheetCancel = 61151;
+constexpr unsigned SheetApply = 61152;
+constexpr unsigned WizardBack = 61153;
+constexpr unsigned WizardNext = 61154;
+constexpr unsigned WizardFinish = 61155;
+
 } // namespace pell::ids

@@ -51,6 +51,12 @@ constexpr StringEntry kEntries[] = {
     {61020, QT_TRANSLATE_NOOP3("PellLib", "Switching the power of the %1", "61020")},
     {61021, QT_TRANSLATE_NOOP3("PellLib", "internal receiver", "61021")},
     {61022, QT_TRANSLATE_NOOP3("PellLib", "internal modem", "61022")},
+    {61150, QT_TRANSLATE_NOOP3("PellLib", "OK", "61150")},
+    {61151, QT_TRANSLATE_NOOP3("PellLib", "Cancel", "61151")},
+    {61152, QT_TRANSLATE_NOOP3("PellLib", "&Apply", "61152")},
+    {61153, QT_TRANSLATE_NOOP3("PellLib", "< &Back", "61153")},
+    {61154, QT_TRANSLATE_NOOP3("PellLib", "&Next >", "61154")},
+    {61155, QT_TRANSLATE_NOOP3("PellLib", "&Finish", "61155")},
 };
 
 } // namespace
