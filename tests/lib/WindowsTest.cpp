@@ -391,7 +391,8 @@ TEST(WindowsTest, WorkerRunsUntilStoppedAndHandsResultsToTheWindow) {
         // Stopping joined: the worker has seen the request and ended.
         EXPECT_TRUE(worker.sawStop) << run;
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        // Every round arrives, in order.
+        // Every round arrives, in order, the last ones after the worker ended.
+        QCoreApplication::sendPostedEvents(&dialog);
         std::vector<int> rounds(worker.delivered.size());
         std::iota(rounds.begin(), rounds.end(), 0);
         EXPECT_EQ(worker.delivered, rounds) << run;
