@@ -18,6 +18,8 @@ constexpr int IDRETRY = 4;
 constexpr int IDIGNORE = 5;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
+// What a wizard ended with Finish returns.
+constexpr int ID_WIZFINISH = 12325;
 
 // Buttons (low nibble) and icon (second nibble) of a message box.
 constexpr unsigned MB_OK = 0x00;

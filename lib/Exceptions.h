@@ -5,6 +5,7 @@
 #include <QString>
 #include <exception>
 #include <string>
+#include <utility>
 
 class QWidget;
 
@@ -72,6 +73,22 @@ private:
 };
 
 } // namespace ulm_std
+
+namespace pell {
+
+// Runs one user action. A library exception that escapes it is reported in an error box owned by
+// `owner` and false returned, so that it never reaches Qt's event loop.
+template <class Action> bool RunAndReport(QWidget* owner, Action&& action) {
+    try {
+        std::forward<Action>(action)();
+        return true;
+    } catch (const ulm_std::CException& error) {
+        error.ReportError(owner);
+        return false;
+    }
+}
+
+} // namespace pell
 
 // Raises a CWinException that records where it was raised.
 #define PELL_THROW_WIN(operation, code)                                                            \

@@ -40,4 +40,11 @@ constexpr unsigned UnsafeTextValue = 61100;
 constexpr unsigned UnsafeCommandWord = 61101;
 constexpr unsigned RestoringSettings = 61102;
 
+constexpr unsigned SheetOk = 61150;
+constexpr unsigned SheetCancel = 61151;
+constexpr unsigned SheetApply = 61152;
+constexpr unsigned WizardBack = 61153;
+constexpr unsigned WizardNext = 61154;
+constexpr unsigned WizardFinish = 61155;
+
 } // namespace pell::ids

@@ -56,6 +56,12 @@ constexpr StringEntry kEntries[] = {
     {61100, QT_TRANSLATE_NOOP3("PellLib", "Sending text with a control character to %1", "61100")},
     {61101, QT_TRANSLATE_NOOP3("PellLib", "Building the receiver command for %1", "61101")},
     {61102, QT_TRANSLATE_NOOP3("PellLib", "Restoring the receiver settings under %1", "61102")},
+    {61150, QT_TRANSLATE_NOOP3("PellLib", "OK", "61150")},
+    {61151, QT_TRANSLATE_NOOP3("PellLib", "Cancel", "61151")},
+    {61152, QT_TRANSLATE_NOOP3("PellLib", "&Apply", "61152")},
+    {61153, QT_TRANSLATE_NOOP3("PellLib", "< &Back", "61153")},
+    {61154, QT_TRANSLATE_NOOP3("PellLib", "&Next >", "61154")},
+    {61155, QT_TRANSLATE_NOOP3("PellLib", "&Finish", "61155")},
 };
 
 } // namespace

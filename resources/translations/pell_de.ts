@@ -168,6 +168,36 @@
         <comment>61102</comment>
         <translation>Wiederherstellen der Empfängereinstellungen unter %1</translation>
     </message>
+    <message>
+        <source>OK</source>
+        <comment>61150</comment>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <comment>61151</comment>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <comment>61152</comment>
+        <translation>Ü&amp;bernehmen</translation>
+    </message>
+    <message>
+        <source>&lt; &amp;Back</source>
+        <comment>61153</comment>
+        <translation>&lt; &amp;Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Next &gt;</source>
+        <comment>61154</comment>
+        <translation>&amp;Weiter &gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Finish</source>
+        <comment>61155</comment>
+        <translation>&amp;Fertig stellen</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

@@ -1,0 +1,145 @@
+#pragma once
+
+#include "lib/Common.h"
+#include "lib/DialogBase.h"
+#include "lib/Exceptions.h"
+#include "lib/PropertySheet.h"
+#include "rxio/Receiver.h"
+
+#include <QApplication>
+#include <QMetaObject>
+#include <QVariant>
+#include <exception>
+#include <memory>
+#include <stop_token>
+#include <thread>
+#include <type_traits>
+#include <utility>
+
+// What every window of the library adds to its Qt base (CDialogBase, CPropertySheetBase or
+// CPropertyPageBase): the receiver it works with, closing with IDCANCEL when that receiver's
+// connection goes, one optional worker thread, and library exceptions from its handlers reported
+// instead of reaching Qt. See docs/windows.md.
+template <class Base> class CPellBaseWnd : public Base {
+public:
+    template <class... BaseArgs>
+    explicit CPellBaseWnd(std::shared_ptr<rxio::IReceiver> receiver, BaseArgs&&... args)
+        : Base(std::forward<BaseArgs>(args)...), m_receiver(std::move(receiver)) {}
+
+    // Asks a worker still running to stop and waits for it. A worker that uses members of a
+    // derived window must be stopped earlier: closing the window does that.
+    ~CPellBaseWnd() override = default;
+
+    // Null for a window that needs no receiver.
+    const std::shared_ptr<rxio::IReceiver>& GetReceiver() const { return m_receiver; }
+
+protected:
+    // Derived windows call this first from their own OnInitDialog.
+    void OnInitDialog() override {
+        Base::OnInitDialog();
+        // Shown filled in before the derived window starts talking to the receiver.
+        this->repaint();
+        if (!m_receiver)
+            return;
+        m_connectionLost = MakeNotice(&CPellBaseWnd::OnConnectionLost);
+        m_receiverGone = MakeNotice(&CPellBaseWnd::OnReceiverGone);
+        m_receiver->RegisterNotice(m_connectionLost, rxio::NotifyConnectionLost);
+        m_receiver->RegisterNotice(m_receiverGone, rxio::NotifyReceiverGone);
+    }
+
+    void HandleInitDialog() override {
+        RunOrCancel([this] { Base::HandleInitDialog(); });
+    }
+
+    void OnDestroy() override {
+        RunOrCancel([this] { StopWorker(); });
+        m_connectionLost.reset();
+        m_receiverGone.reset();
+        Base::OnDestroy();
+    }
+
+    // The receiver's connection is gone (rxio::NotifyConnectionLost).
+    virtual void OnConnectionLost() { EndWindow(pell::IDCANCEL); }
+    // The receiver announced a reset or power-off (rxio::NotifyReceiverGone).
+    virtual void OnReceiverGone() { EndWindow(pell::IDCANCEL); }
+
+    // Stops a worker still running, hands `first` and `second` to PrepareWorker and runs
+    // RunWorker on a new thread with a fresh stop state.
+    virtual void StartWorker(const QVariant& first, const QVariant& second) {
+        StopWorker();
+        PrepareWorker(first, second);
+        m_worker = std::jthread([this](std::stop_token stop) {
+            try {
+                RunWorker(std::move(stop));
+            } catch (const ulm_std::CException&) {
+                // Reported on the window's thread; the window stays open.
+                PostToWindow([error = std::current_exception()] { std::rethrow_exception(error); });
+            }
+        });
+    }
+
+    // Asks the worker to stop and waits for it behind the wait cursor.
+    virtual void StopWorker() {
+        if (!m_worker.joinable())
+            return;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        m_worker.request_stop();
+        m_worker.join();
+        m_worker = std::jthread();
+        QApplication::restoreOverrideCursor();
+    }
+
+    // Called by StartWorker on the window's thread, before the worker starts.
+    virtual void PrepareWorker(const QVariant& /*first*/, const QVariant& /*second*/) {}
+
+    // The worker's body, on its own thread. It must not touch widgets (PostToWindow hands results
+    // over) and must look at `stop` often enough for the window to close promptly.
+    virtual void RunWorker(std::stop_token /*stop*/) {}
+
+    // Runs `action` on the window's thread, later, unless the window is gone by then. Safe to call
+    // from the worker. A library exception from `action` is reported.
+    template <class Action> void PostToWindow(Action action) {
+        QMetaObject::invokeMethod(
+            this, [this, action = std::move(action)]() mutable { RunUserAction(action); },
+            Qt::QueuedConnection);
+    }
+
+    // For button and other handlers: runs `action` and reports a library exception from it; the
+    // window stays open. Returns whether `action` completed.
+    template <class Action> bool RunUserAction(Action&& action) {
+        return pell::RunAndReport(this, std::forward<Action>(action));
+    }
+
+    // Ends the window (a page: its sheet) with `result`.
+    void EndWindow(int result) {
+        if constexpr (std::is_base_of_v<CPropertyPageBase, Base>) {
+            if (CPropertySheetBase* sheet = this->GetSheet())
+                sheet->EndDialog(result);
+        } else {
+            this->EndDialog(result);
+        }
+    }
+
+private:
+    // A library exception from `handler` is reported and ends the window with IDCANCEL.
+    template <class Handler> void RunOrCancel(Handler&& handler) {
+        if (!RunUserAction(std::forward<Handler>(handler)))
+            EndWindow(pell::IDCANCEL);
+    }
+
+    std::shared_ptr<rxio::INotice> MakeNotice(void (CPellBaseWnd::*handler)()) {
+        return rxio::INotice::CreateInstance([this, handler](rxio::ENotification) {
+            // The receiver tells its notices from inside its own work, perhaps while a command of
+            // this window waits in a nested event loop: handle them from an event of their own.
+            // Queued on the window, the call is dropped if the window is gone by then.
+            QMetaObject::invokeMethod(
+                this, [this, handler] { RunOrCancel([this, handler] { (this->*handler)(); }); },
+                Qt::QueuedConnection);
+        });
+    }
+
+    std::shared_ptr<rxio::IReceiver> m_receiver;
+    std::shared_ptr<rxio::INotice> m_connectionLost;
+    std::shared_ptr<rxio::INotice> m_receiverGone;
+    std::jthread m_worker;
+};
