@@ -241,9 +241,6 @@ struct NtripProtocol {
 };
 PELL_EXPORT const EnumTable& TableOf(NtripProtocol::ENtripProtocol);
 
-enum EOnOff : std::int32_t { Off = 0, On = 1 };
-PELL_EXPORT const EnumTable& TableOf(EOnOff);
-
 struct OscillatorOffsetReduction {
     enum EOscillatorOffsetReduction : std::int32_t { Off, On, Auto };
 };
@@ -301,6 +298,10 @@ struct WlanMode {
     enum EWlanMode : std::int32_t { Off, Client, AccessPoint };
 };
 PELL_EXPORT const EnumTable& TableOf(WlanMode::EWlanMode);
+
+// Last, so that no record's own Off or On is declared in its shadow.
+enum EOnOff : std::int32_t { Off = 0, On = 1 };
+PELL_EXPORT const EnumTable& TableOf(EOnOff);
 
 // One value of enumeration E. A receiver text that names no value gives the fallback N.
 //
