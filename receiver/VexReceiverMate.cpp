@@ -6,6 +6,7 @@
 
 #include <QEventLoop>
 #include <QPointer>
+#include <algorithm>
 #include <set>
 
 namespace {
