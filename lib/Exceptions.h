@@ -28,7 +28,8 @@ private:
 };
 
 // A platform operation failed with a platform error code (50 not supported, 55 device not
-// present, 87 bad parameter, 170 busy, 1168 not found, 1223 cancelled, 1359 internal, 1460 time-out).
+// present, 87 bad parameter, 170 busy, 1168 not found, 1223 cancelled, 1359 internal, 1460
+// time-out).
 class PELL_EXPORT CWinException : public CException {
 public:
     CWinException(int line, const char* file, QString operation, unsigned long code);
