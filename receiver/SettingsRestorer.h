@@ -11,9 +11,9 @@
 #include <QDebug>
 #include <QString>
 #include <QStringList>
+#include <exception>
 #include <iterator>
 #include <memory>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -97,40 +97,36 @@ public:
     // Puts everything back now. Tries every setting, then throws the first failure.
     void Restore() {
         m_kept = true;
-        std::optional<ulm_std::CCommException> commFailure;
-        std::optional<ulm_std::CWinException> winFailure;
-        auto attempt = [&](const QString& command) {
+        std::exception_ptr first;
+        const auto attempt = [&first](const auto& step) {
             try {
-                m_mate.Run(command);
+                step();
             } catch (const ulm_std::CCommException& e) {
                 // Values the receiver keeps to itself (states, counters) change on their own.
                 if (e.GetReply().compare(QLatin1String("{2,,access denied}"),
                                          Qt::CaseInsensitive) != 0 &&
-                    !commFailure && !winFailure)
-                    commFailure = e;
-            } catch (const ulm_std::CWinException& e) {
-                if (!commFailure && !winFailure)
-                    winFailure = e;
+                    !first)
+                    first = std::current_exception();
+            } catch (const ulm_std::CWinException&) {
+                if (!first)
+                    first = std::current_exception();
             }
         };
         if (m_port)
-            attempt(m_port->WriteCommand());
-        for (const Mask& mask : m_masks) {
-            QStringList skipped;
-            const SettingsNode current = Read(mask.path, mask.subtree);
-            for (const QString& command :
-                 RestoreCommands(mask.path, mask.recorded, current, &skipped))
-                attempt(command);
-            if (!skipped.isEmpty() && !commFailure && !winFailure)
-                winFailure.emplace(__LINE__, __FILE__,
-                                   g_PellLibApp.XLoadString(ids::RestoringSettings)
+            attempt([&] { m_mate.Run(m_port->WriteCommand()); });
+        for (const Mask& mask : m_masks)
+            attempt([&] {
+                QStringList skipped;
+                for (const QString& command : RestoreCommands(
+                         mask.path, mask.recorded, Read(mask.path, mask.subtree), &skipped))
+                    attempt([&] { m_mate.Run(command); });
+                if (!skipped.isEmpty())
+                    PELL_THROW_WIN(g_PellLibApp.XLoadString(ids::RestoringSettings)
                                        .arg(skipped.join(QStringLiteral(", "))),
                                    ERROR_INVALID_PARAMETER);
-        }
-        if (commFailure)
-            throw *commFailure;
-        if (winFailure)
-            throw *winFailure;
+            });
+        if (first)
+            std::rethrow_exception(first);
     }
 
 private:

@@ -18,35 +18,32 @@ bool IsKey(const QString& key) {
     return pattern.match(key).hasMatch();
 }
 
-// Whether `value` is a record whose every element is key=value.
-bool IsRecord(const QString& value) {
-    if (!value.startsWith(QLatin1Char('{')) || !value.endsWith(QLatin1Char('}')))
-        return false;
-    const QStringList elements = CVexReceiverMate::SplitList(value);
-    if (elements.isEmpty())
-        return false;
-    for (const QString& element : elements) {
-        const qsizetype equals = element.indexOf(QLatin1Char('='));
-        if (equals <= 0 || !IsKey(element.left(equals)))
-            return false;
-    }
-    return true;
+// The key of a key=value element, or empty when the element is not one.
+QString KeyOf(const QString& element) {
+    const qsizetype equals = element.indexOf(QLatin1Char('='));
+    const QString key = element.left(equals);
+    return equals > 0 && IsKey(key) ? key : QString();
 }
 
+// A forced `node` reads any braced text as a record and leaves out elements without a key;
+// otherwise only a braced text whose every element is key=value is a record.
 SettingsNode ParseAt(const QString& printed, bool node, int depth) {
     SettingsNode result;
-    const QString text = printed.trimmed();
-    if (depth >= kMaxDepth || !(node ? text.startsWith(QLatin1Char('{')) : IsRecord(text))) {
-        result.value = text;
+    result.value = printed.trimmed();
+    if (depth >= kMaxDepth || !result.value.startsWith(QLatin1Char('{')) ||
+        (!node && !result.value.endsWith(QLatin1Char('}'))))
         return result;
-    }
+    const QStringList elements = CVexReceiverMate::SplitList(result.value);
+    if (!node &&
+        (elements.isEmpty() || std::any_of(elements.begin(), elements.end(),
+                                           [](const QString& e) { return KeyOf(e).isEmpty(); })))
+        return result;
     result.leaf = false;
-    for (const QString& element : CVexReceiverMate::SplitList(text)) {
-        const qsizetype equals = element.indexOf(QLatin1Char('='));
-        if (equals <= 0 || !IsKey(element.left(equals)))
-            continue;
-        result.children.emplace(element.left(equals),
-                                ParseAt(element.mid(equals + 1), false, depth + 1));
+    result.value.clear();
+    for (const QString& element : elements) {
+        const QString key = KeyOf(element);
+        if (!key.isEmpty())
+            result.children.emplace(key, ParseAt(element.mid(key.size() + 1), false, depth + 1));
     }
     return result;
 }
