@@ -2,7 +2,6 @@
 
 #include "receiver/VexReceiverMate.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 namespace pell {
@@ -13,9 +12,11 @@ namespace {
 // reply must not exhaust the stack.
 constexpr int kMaxDepth = 32;
 
+// A plain character test: a pattern's "$" would also match before a final line feed.
 bool IsKey(const QString& key) {
-    static const QRegularExpression pattern(QStringLiteral("^[A-Za-z0-9_]+$"));
-    return pattern.match(key).hasMatch();
+    return !key.isEmpty() && std::all_of(key.begin(), key.end(), [](QChar c) {
+        return (c.isLetterOrNumber() && c.unicode() < 0x80) || c == QLatin1Char('_');
+    });
 }
 
 // The key of a key=value element, or empty when the element is not one.

@@ -106,8 +106,8 @@ TEST(SettingsTree, RestoreCommandsPutBackOnlyWhatChanged) {
 TEST(SettingsTree, ValuesThatWouldBeTwoCommandsAreNeverWrittenBack) {
     using pell::SettingsNode;
     const auto recorded =
-        SettingsNode::Parse(QStringLiteral("{a=x;reset,yes,b=\"ok;\",c=,d=\"\\\n\"}"), true);
-    const auto current = SettingsNode::Parse(QStringLiteral("{a=1,b=\"no\",c=1,d=1}"), true);
+        SettingsNode::Parse(QStringLiteral("{a=x;reset,yes,b=\"ok;\",c=,d=\"\\\n\",e\n=1}"), true);
+    const auto current = SettingsNode::Parse(QStringLiteral("{a=1,b=\"no\",c=1,d=1,e\n=2}"), true);
     QStringList skipped;
     EXPECT_EQ(pell::RestoreCommands(QStringLiteral("p"), recorded, current, &skipped),
               QStringList{"set,p/b,\"ok;\""});
