@@ -103,9 +103,7 @@ public:
                 step();
             } catch (const ulm_std::CCommException& e) {
                 // Values the receiver keeps to itself (states, counters) change on their own.
-                if (e.GetReply().compare(QLatin1String("{2,,access denied}"),
-                                         Qt::CaseInsensitive) != 0 &&
-                    !first)
+                if (!Mate::IsAccessDenied(e.GetReply()) && !first)
                     first = std::current_exception();
             } catch (const ulm_std::CWinException&) {
                 if (!first)

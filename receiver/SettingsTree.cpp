@@ -1,5 +1,7 @@
 #include "receiver/SettingsTree.h"
 
+#include "lib/Exceptions.h"
+#include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
 
 #include <algorithm>
@@ -49,23 +51,6 @@ SettingsNode ParseAt(const QString& printed, bool node, int depth) {
     return result;
 }
 
-// A printed value goes back as it came, so it must not hold a command separator of its own.
-bool IsOneValue(const QString& value) {
-    if (std::any_of(value.begin(), value.end(), [](QChar c) { return c.unicode() < 0x20; }))
-        return false;
-    bool quoted = false;
-    for (qsizetype i = 0; i < value.size(); ++i) {
-        const QChar c = value.at(i);
-        if (quoted && c == QLatin1Char('\\'))
-            ++i;
-        else if (c == QLatin1Char('"'))
-            quoted = !quoted;
-        else if (!quoted && c == QLatin1Char(';'))
-            return false;
-    }
-    return !quoted && !value.isEmpty();
-}
-
 bool IsItemKey(const QString& key) {
     bool number = false;
     key.toUInt(&number);
@@ -79,10 +64,12 @@ struct Plan {
     QStringList* skipped;
 
     void Set(const QString& path, const QString& value) {
-        if (IsOneValue(value))
-            sets << QStringLiteral("set,") + path + QLatin1Char(',') + value;
-        else if (skipped)
-            *skipped << path;
+        try {
+            sets << vexcmd::SetPrinted(path, value);
+        } catch (const ulm_std::CWinException&) {
+            if (skipped)
+                *skipped << path;
+        }
     }
     void Fill(const QString& path, const SettingsNode& node) {
         if (node.leaf)
@@ -98,14 +85,14 @@ struct Plan {
         }
         for (const auto& [key, child] : current.children)
             if (!recorded.children.contains(key) && IsItemKey(key))
-                removes << QStringLiteral("remove,") + path + QLatin1Char('/') + key;
+                removes << vexcmd::Remove(path + QLatin1Char('/') + key);
         for (const auto& [key, child] : recorded.children) {
             const QString childPath = path + QLatin1Char('/') + key;
             const auto now = current.children.find(key);
             if (now != current.children.end()) {
                 Compare(childPath, child, now->second);
             } else if (IsItemKey(key)) {
-                creates << QStringLiteral("create,%1,%2").arg(path).arg(key.toUInt());
+                creates << vexcmd::Create(path, key.toUInt());
                 Fill(childPath, child);
             }
         }

@@ -5,6 +5,7 @@
 #include "lib/PellLib.h"
 #include "resources/StringIds.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pell::vexcmd {
@@ -38,6 +39,23 @@ const QString& Bare(const QString& text, const QString& path) {
     return text;
 }
 
+// A printed value goes back as it came, so it must not hold a command separator of its own.
+bool IsOneValue(const QString& value) {
+    if (std::any_of(value.begin(), value.end(), IsControl))
+        return false;
+    bool quoted = false;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const QChar c = value.at(i);
+        if (quoted && c == QLatin1Char('\\'))
+            ++i;
+        else if (c == QLatin1Char('"'))
+            quoted = !quoted;
+        else if (!quoted && c == QLatin1Char(';'))
+            return false;
+    }
+    return !quoted && !value.isEmpty();
+}
+
 QString Set(const QString& path, const QString& value) {
     return QStringLiteral("set,") + Bare(path, path) + QLatin1Char(',') + value;
 }
@@ -68,6 +86,20 @@ QString SetReal(const QString& path, double value) {
 
 QString SetText(const QString& path, const QString& text) {
     return Set(path, QuoteText(text, path));
+}
+
+QString SetPrinted(const QString& path, const QString& value) {
+    if (!IsOneValue(value))
+        Refuse(ids::UnsafeCommandWord, path);
+    return Set(path, value);
+}
+
+QString Create(const QString& list, unsigned index) {
+    return QStringLiteral("create,") + Bare(list, list) + QLatin1Char(',') + QString::number(index);
+}
+
+QString Remove(const QString& item) {
+    return QStringLiteral("remove,") + Bare(item, item);
 }
 
 QString QuoteText(const QString& text, const QString& path) {

@@ -22,6 +22,12 @@ PELL_EXPORT QString SetUnsigned(const QString& path, unsigned long long value);
 PELL_EXPORT QString SetReal(const QString& path, double value);
 // set,<path>,"<text>" with the text escaped the receiver's way
 PELL_EXPORT QString SetText(const QString& path, const QString& text);
+// set,<path>,<value> with a value exactly as the receiver printed it; refused when the value
+// is not one value (a separator outside quotes, an open quote, a control character, nothing).
+PELL_EXPORT QString SetPrinted(const QString& path, const QString& value);
+// create,<list>,<index> and remove,<item>
+PELL_EXPORT QString Create(const QString& list, unsigned index);
+PELL_EXPORT QString Remove(const QString& item);
 
 // "text" with \" \\ \r \n escapes; throws for other control characters and broken UTF-16.
 PELL_EXPORT QString QuoteText(const QString& text, const QString& path);

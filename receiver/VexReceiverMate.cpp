@@ -41,11 +41,6 @@ struct Wait {
     QPointer<QEventLoop> loop;
 };
 
-bool IsAcceptedRefusal(const QString& command, const QString& reply) {
-    return reply.compare(QLatin1String("{2,,access denied}"), Qt::CaseInsensitive) == 0 &&
-           (command.startsWith(QLatin1String("em,")) || command.startsWith(QLatin1String("out,")));
-}
-
 } // namespace
 
 CVexReceiverMate::CVexReceiverMate(std::shared_ptr<rxio::IReceiver> receiver, bool keepAlive)
@@ -53,6 +48,10 @@ CVexReceiverMate::CVexReceiverMate(std::shared_ptr<rxio::IReceiver> receiver, bo
 
 bool CVexReceiverMate::IsPending(const rxio::IReceiver* receiver) {
     return t_pending.contains(receiver);
+}
+
+bool CVexReceiverMate::IsAccessDenied(const QString& reply) {
+    return reply.compare(QLatin1String("{2,,access denied}"), Qt::CaseInsensitive) == 0;
 }
 
 QString CVexReceiverMate::Run(const QString& command, EQuotes quotes,
@@ -97,7 +96,9 @@ QString CVexReceiverMate::Run(const QString& command, EQuotes quotes,
         PELL_THROW_WIN(command, pell::ERROR_DEV_NOT_EXIST);
 
     const QString reply = result.reply.trimmed();
-    if (result.error && !IsAcceptedRefusal(command, reply))
+    const bool outputRefused = IsAccessDenied(reply) && (command.startsWith(QLatin1String("em,")) ||
+                                                         command.startsWith(QLatin1String("out,")));
+    if (result.error && !outputRefused)
         throw ulm_std::CCommException(command, kDevice, reply, kSource);
     if (validator && !validator(reply))
         throw ulm_std::CCommException(command, kDevice, reply, kSource);

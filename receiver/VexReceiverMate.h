@@ -48,6 +48,8 @@ public:
                 const Validator& validator = {}) const;
     // Whether a command of this thread is waiting for `receiver`.
     static bool IsPending(const rxio::IReceiver* receiver);
+    // The receiver's refusal of a port that takes no output, or of a value it keeps to itself.
+    static bool IsAccessDenied(const QString& reply);
 
     // {a,b} → a,b; anything not enclosed in one pair of braces is returned as it is.
     static QString StripBraces(const QString& text);
