@@ -85,7 +85,6 @@ protected:
         QApplication::setOverrideCursor(Qt::WaitCursor);
         m_worker.request_stop();
         m_worker.join();
-        m_worker = std::jthread();
         QApplication::restoreOverrideCursor();
     }
 
