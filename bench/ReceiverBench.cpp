@@ -27,7 +27,7 @@ struct InProcess {
         auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
         end = std::move(theirs);
         simulator.Serve(end.get());
-        connection = std::make_shared<rxio::CReceiverConnection>(
+        connection = rxio::CReceiverConnection::Create(
             rxio::OpenInProcessLink(std::move(mine), QStringLiteral("sim")).link);
     }
     rxsim::CSimulator simulator;
@@ -43,7 +43,7 @@ struct Tcp {
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
             simulator.Serve(socket.get());
         });
-        connection = std::make_shared<rxio::CReceiverConnection>(
+        connection = rxio::CReceiverConnection::Create(
             rxio::OpenTcpLink(QStringLiteral("127.0.0.1"), server.serverPort(), 2000).link);
         while (!socket)
             QCoreApplication::processEvents();

@@ -97,7 +97,7 @@ bool Connection::Open(const ReceiverTarget& requested, QString& error) {
         return false;
     }
     m_openPort = address;
-    m_receiver = std::make_shared<rxio::CReceiverConnection>(std::move(opened.link));
+    m_receiver = rxio::CReceiverConnection::Create(std::move(opened.link));
     connect(m_receiver.get(), &rxio::CReceiverConnection::identified, this,
             &Connection::identified);
     connect(m_receiver.get(), &rxio::CReceiverConnection::connectionLost, this,

@@ -42,6 +42,7 @@ constexpr unsigned long ERROR_BUSY = 170;
 constexpr unsigned long ERROR_NOT_FOUND = 1168;
 constexpr unsigned long ERROR_CANCELLED = 1223;
 constexpr unsigned long ERROR_INTERNAL_ERROR = 1359;
+constexpr unsigned long ERROR_INVALID_THREAD_ID = 1444;
 constexpr unsigned long ERROR_TIMEOUT = 1460;
 
 } // namespace pell

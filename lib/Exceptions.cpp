@@ -40,6 +40,8 @@ QString CWinException::SystemErrorText(unsigned long code) {
         return g_PellLibApp.XLoadString(ErrorCancelled);
     case pell::ERROR_INTERNAL_ERROR:
         return g_PellLibApp.XLoadString(ErrorInternal);
+    case pell::ERROR_INVALID_THREAD_ID:
+        return g_PellLibApp.XLoadString(ErrorWrongThread);
     case pell::ERROR_TIMEOUT:
         return g_PellLibApp.XLoadString(ErrorTimeout);
     default:

@@ -3,6 +3,7 @@
 #include "lib/pell_export.h"
 
 #include <QString>
+#include <QtGlobal>
 #include <exception>
 #include <string>
 #include <utility>
@@ -28,8 +29,8 @@ private:
 };
 
 // A platform operation failed with a platform error code (50 not supported, 55 device not
-// present, 87 bad parameter, 170 busy, 1168 not found, 1223 cancelled, 1359 internal, 1460
-// time-out).
+// present, 87 bad parameter, 170 busy, 1168 not found, 1223 cancelled, 1359 internal, 1444 wrong
+// thread, 1460 time-out).
 class PELL_EXPORT CWinException : public CException {
 public:
     CWinException(int line, const char* file, QString operation, unsigned long code);
@@ -94,3 +95,13 @@ template <class Action> bool RunAndReport(QWidget* owner, Action&& action) {
 // Raises a CWinException that records where it was raised.
 #define PELL_THROW_WIN(operation, code)                                                            \
     throw ::ulm_std::CWinException(__LINE__, __FILE__, (operation), (code))
+
+// A misuse that only a programming error can cause (a receiver used from a worker thread, say)
+// stops a debug build at once and raises a CWinException in a release build: never ignored.
+#define PELL_REQUIRE(condition, operation, code)                                                   \
+    do {                                                                                           \
+        if (!(condition)) {                                                                        \
+            Q_ASSERT_X(false, "PELL_REQUIRE", #condition);                                         \
+            PELL_THROW_WIN(operation, code);                                                       \
+        }                                                                                          \
+    } while (false)

@@ -9,12 +9,18 @@
 #include <QApplication>
 #include <QMetaObject>
 #include <QVariant>
+#include <atomic>
+#include <chrono>
 #include <exception>
+#include <future>
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <thread>
 #include <type_traits>
 #include <utility>
+
+template <class Window> class CPellWindow;
 
 // What every window of the library adds to its Qt base (CDialogBase, CPropertySheetBase or
 // CPropertyPageBase): the receiver it works with, closing with IDCANCEL when that receiver's
@@ -26,8 +32,8 @@ public:
     explicit CPellBaseWnd(std::shared_ptr<rxio::IReceiver> receiver, BaseArgs&&... args)
         : Base(std::forward<BaseArgs>(args)...), m_receiver(std::move(receiver)) {}
 
-    // Asks a worker still running to stop and waits for it. A worker that uses members of a
-    // derived window must be stopped earlier: closing the window does that.
+    // The worker has been stopped by now: closing the window or the CPellWindow destructor
+    // (which runs before any member of the derived window goes) does that.
     ~CPellBaseWnd() override = default;
 
     // Null for a window that needs no receiver.
@@ -64,8 +70,10 @@ protected:
     virtual void OnReceiverGone() { EndWindow(pell::IDCANCEL); }
 
     // Stops a worker still running, hands `first` and `second` to PrepareWorker and runs
-    // RunWorker on a new thread with a fresh stop state.
+    // RunWorker on a new thread with a fresh stop state. Only a window made as a CPellWindow may
+    // run a worker: its destruction stops the worker before the window's members are gone.
     virtual void StartWorker(const QVariant& first, const QVariant& second) {
+        PELL_REQUIRE(m_stopsWorkerFirst, QStringLiteral("StartWorker"), pell::ERROR_NOT_SUPPORTED);
         StopWorker();
         PrepareWorker(first, second);
         m_worker = std::jthread([this](std::stop_token stop) {
@@ -83,8 +91,7 @@ protected:
         if (!m_worker.joinable())
             return;
         QApplication::setOverrideCursor(Qt::WaitCursor);
-        m_worker.request_stop();
-        m_worker.join();
+        JoinWorker();
         QApplication::restoreOverrideCursor();
     }
 
@@ -101,6 +108,51 @@ protected:
         QMetaObject::invokeMethod(
             this, [this, action = std::move(action)]() mutable { RunUserAction(action); },
             Qt::QueuedConnection);
+    }
+
+    // From the worker: runs `action` on the window's thread (where the receiver may be used) and
+    // waits for its result. Gives nothing (false for a void action) when the stop is requested
+    // first or the window goes; a stopped worker's action is skipped if it has not started. An
+    // exception from `action` is thrown here, on the worker.
+    template <class Action> auto CallOnWindow(const std::stop_token& stop, Action action) {
+        using Result = std::invoke_result_t<Action&>;
+        auto promise = std::make_shared<std::promise<Result>>();
+        auto givenUp = std::make_shared<std::atomic<bool>>(false);
+        std::future<Result> future = promise->get_future();
+        QMetaObject::invokeMethod(
+            this,
+            [promise, givenUp, action = std::move(action)]() mutable {
+                if (*givenUp)
+                    return;
+                try {
+                    if constexpr (std::is_void_v<Result>) {
+                        action();
+                        promise->set_value();
+                    } else {
+                        promise->set_value(action());
+                    }
+                } catch (...) {
+                    promise->set_exception(std::current_exception());
+                }
+            },
+            Qt::QueuedConnection);
+        using Answer = std::conditional_t<std::is_void_v<Result>, bool, std::optional<Result>>;
+        while (future.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready) {
+            if (stop.stop_requested()) {
+                *givenUp = true;
+                return Answer{};
+            }
+        }
+        try {
+            if constexpr (std::is_void_v<Result>) {
+                future.get();
+                return true;
+            } else {
+                return Answer{future.get()};
+            }
+        } catch (const std::future_error&) {
+            return Answer{}; // the window went before the action ran
+        }
     }
 
     // For button and other handlers: runs `action` and reports a library exception from it; the
@@ -120,6 +172,15 @@ protected:
     }
 
 private:
+    template <class Window> friend class CPellWindow;
+
+    void JoinWorker() {
+        if (m_worker.joinable()) {
+            m_worker.request_stop();
+            m_worker.join();
+        }
+    }
+
     // A library exception from `handler` is reported and ends the window with IDCANCEL.
     template <class Handler> void RunOrCancel(Handler&& handler) {
         if (!RunUserAction(std::forward<Handler>(handler)))
@@ -141,4 +202,16 @@ private:
     std::shared_ptr<rxio::INotice> m_connectionLost;
     std::shared_ptr<rxio::INotice> m_receiverGone;
     std::jthread m_worker;
+    bool m_stopsWorkerFirst = false;
+};
+
+// What a run_ entry constructs (and a sheet, for its pages): the window `Window`, whose worker is
+// stopped before anything of `Window` is destroyed, so that no derived window has to remember.
+template <class Window> class CPellWindow final : public Window {
+public:
+    template <class... Args>
+    explicit CPellWindow(Args&&... args) : Window(std::forward<Args>(args)...) {
+        this->m_stopsWorkerFirst = true;
+    }
+    ~CPellWindow() override { this->JoinWorker(); }
 };

@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <algorithm>
+#include <atomic>
 #include <set>
 
 namespace {
@@ -36,7 +37,7 @@ private:
 // on its way when the wait has already given up.
 struct Wait {
     bool done = false;
-    bool cancelled = false;
+    std::atomic<bool> cancelled = false; // set by whichever thread requests the stop
     rxio::CommandResult result;
     QPointer<QEventLoop> loop;
 };
@@ -58,6 +59,7 @@ QString CVexReceiverMate::Run(const QString& command, EQuotes quotes,
                               const Validator& validator) const {
     if (!m_receiver)
         PELL_THROW_WIN(command, pell::ERROR_DEV_NOT_EXIST);
+    PELL_REQUIRE(m_receiver->IsOwnerThread(), command, pell::ERROR_INVALID_THREAD_ID);
     if (IsPending(m_receiver.get()))
         PELL_THROW_WIN(command, pell::ERROR_BUSY);
     if (m_cancel.stop_requested())
@@ -94,6 +96,9 @@ QString CVexReceiverMate::Run(const QString& command, EQuotes quotes,
         PELL_THROW_WIN(command, pell::ERROR_TIMEOUT);
     if (result.status == rxio::CommandResult::Disconnected)
         PELL_THROW_WIN(command, pell::ERROR_DEV_NOT_EXIST);
+    // Refused here, never sent: not the receiver's answer, so not shown as one.
+    if (result.status == rxio::CommandResult::Refused)
+        PELL_THROW_WIN(command, pell::ERROR_INVALID_PARAMETER);
 
     const QString reply = result.reply.trimmed();
     const bool outputRefused = IsAccessDenied(reply) && (command.startsWith(QLatin1String("em,")) ||

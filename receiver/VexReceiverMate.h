@@ -22,7 +22,12 @@
 // - CWinException ERROR_TIMEOUT when the receiver does not answer in time, ERROR_CANCELLED when
 //   the cancel request came first, ERROR_DEV_NOT_EXIST when the connection is gone (the wait
 //   itself failed), ERROR_BUSY when another command of this thread is still waiting for the
-//   same receiver, ERROR_INTERNAL_ERROR when the wait ended without any of these.
+//   same receiver, ERROR_INVALID_PARAMETER when the connection refused to send a line that would
+//   not stay one command, ERROR_INTERNAL_ERROR when the wait ended without any of these.
+//
+// A mate runs on the receiver's own thread (the window's). Run from any other thread, a worker's
+// say, stops a debug build with an assertion and throws ERROR_INVALID_THREAD_ID otherwise; a
+// worker hands its receiver work to the window (CPellBaseWnd::CallOnWindow).
 class PELL_EXPORT CVexReceiverMate {
 public:
     static constexpr int kDefaultTimeoutMs = 5000;

@@ -35,6 +35,7 @@ constexpr unsigned PowerSwitchFailed = 61020;
 constexpr unsigned DeviceReceiver = 61021;
 constexpr unsigned DeviceModem = 61022;
 constexpr unsigned ErrorBusy = 61023;
+constexpr unsigned ErrorWrongThread = 61024;
 
 constexpr unsigned UnsafeTextValue = 61100;
 constexpr unsigned UnsafeCommandWord = 61101;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <thread>
 
 namespace rxio {
 
@@ -32,10 +33,11 @@ struct CommandResult {
         Completed,    // `reply` holds the receiver's answer
         TimedOut,     // no answer within the time allowed
         Disconnected, // the connection went before an answer came
+        Refused,      // never sent: the line would not have stayed one command
     };
     EStatus status = Completed;
     bool error = false; // the answer is an error reply {code,,text}
-    QString reply;
+    QString reply;      // empty unless Completed
 };
 
 struct ReceiverIdentity {
@@ -60,16 +62,27 @@ public:
 };
 
 // A connected receiver: one command at a time on the wire, replies matched to their command,
-// notices for the conditions that end a session. Used from the thread that owns it.
+// notices for the conditions that end a session.
+//
+// A receiver belongs to the thread that created it (the window's thread): every call comes from
+// there. A call from any other thread is a programming error that fails at once (an assertion in
+// debug builds, std::logic_error otherwise) instead of touching a socket or timer across threads.
 class RXIO_EXPORT IReceiver {
 public:
     using CommandId = std::uint64_t;
     using Completion = std::function<void(const CommandResult&)>;
 
+    IReceiver() = default;
+    IReceiver(const IReceiver&) = delete;
+    IReceiver& operator=(const IReceiver&) = delete;
     virtual ~IReceiver();
 
+    // Whether the calling thread is the one that created this receiver.
+    bool IsOwnerThread() const { return std::this_thread::get_id() == m_owner; }
+
     // Queues `command` (one line of the command language) and returns at once; `done` is called
-    // exactly once, later, from the event loop, unless the command is abandoned first.
+    // exactly once, later, from the event loop, unless the command is abandoned first or the
+    // receiver is destroyed. A command that would not stay one line is Refused, unsent.
     virtual CommandId StartCommand(const QString& command, int timeoutMs, Completion done) = 0;
     // Forgets a command: `done` is never called, a late reply to it is dropped.
     virtual void Abandon(CommandId id) = 0;
@@ -83,6 +96,13 @@ public:
     virtual void ResumePort() = 0;
 
     virtual ReceiverIdentity Identity() const = 0;
+
+protected:
+    // Fails as the class comment says when not called from the owner thread.
+    void RequireOwnerThread(const char* operation) const;
+
+private:
+    std::thread::id m_owner = std::this_thread::get_id();
 };
 
 } // namespace rxio

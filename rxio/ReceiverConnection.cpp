@@ -2,6 +2,8 @@
 
 #include <QLoggingCategory>
 #include <QPointer>
+#include <QThread>
+#include <stdexcept>
 
 Q_LOGGING_CATEGORY(lcRxio, "pell.rxio", QtWarningMsg)
 
@@ -10,6 +12,13 @@ namespace rxio {
 INotice::~INotice() = default;
 IPort::~IPort() = default;
 IReceiver::~IReceiver() = default;
+
+void IReceiver::RequireOwnerThread(const char* operation) const {
+    if (IsOwnerThread())
+        return;
+    Q_ASSERT_X(false, operation, "a receiver is used only from the thread that created it");
+    throw std::logic_error(std::string(operation) + ": receiver used from a foreign thread");
+}
 
 namespace {
 
@@ -65,6 +74,15 @@ private:
     CReceiverConnection& m_owner;
 };
 
+std::shared_ptr<CReceiverConnection> CReceiverConnection::Create(std::unique_ptr<CLink> link) {
+    return {new CReceiverConnection(std::move(link)), [](CReceiverConnection* connection) {
+                if (QThread::currentThread() == connection->thread())
+                    delete connection;
+                else
+                    connection->deleteLater();
+            }};
+}
+
 CReceiverConnection::CReceiverConnection(std::unique_ptr<CLink> link)
     : m_link(std::move(link)), m_port(std::make_unique<RawPort>(*this)) {
     m_timeout.setSingleShot(true);
@@ -90,30 +108,22 @@ CReceiverConnection::~CReceiverConnection() {
 
 IReceiver::CommandId CReceiverConnection::StartCommand(const QString& command, int timeoutMs,
                                                        Completion done) {
+    RequireOwnerThread("StartCommand");
     const CommandId id = m_nextId++;
-    if (!IsOneLine(command) || !m_connected) {
-        // Answered from the event loop like any reply, so callers see one behaviour.
-        const CommandResult result =
-            m_connected
-                ? CommandResult{CommandResult::Completed, true, QStringLiteral("{3,,bad syntax}")}
-                : CommandResult{CommandResult::Disconnected, false, {}};
-        m_answeredAtOnce.insert(id);
-        QMetaObject::invokeMethod(
-            this,
-            [this, id, done = std::move(done), result] {
-                if (m_answeredAtOnce.erase(id) != 0)
-                    done(result);
-            },
-            Qt::QueuedConnection);
-        return id;
+    if (!m_connected)
+        Deliver(id, std::move(done), {CommandResult::Disconnected, false, {}});
+    else if (!IsOneLine(command))
+        Deliver(id, std::move(done), {CommandResult::Refused, false, {}});
+    else {
+        m_queue.push_back({id, command, timeoutMs, std::move(done)});
+        SendNext();
     }
-    m_queue.push_back({id, command, timeoutMs, std::move(done)});
-    SendNext();
     return id;
 }
 
 void CReceiverConnection::Abandon(CommandId id) {
-    m_answeredAtOnce.erase(id);
+    RequireOwnerThread("Abandon");
+    m_delivering.erase(id);
     std::erase_if(m_queue, [id](const Pending& p) { return p.id == id; });
     if (m_inFlight && m_inFlight->id == id) {
         // Its reply may still come: the id no longer matches anything, so it is dropped.
@@ -125,19 +135,33 @@ void CReceiverConnection::Abandon(CommandId id) {
 
 void CReceiverConnection::RegisterNotice(const std::shared_ptr<INotice>& notice,
                                          ENotification kind) {
+    RequireOwnerThread("RegisterNotice");
     std::erase_if(m_notices, [](const auto& entry) { return entry.first.expired(); });
     m_notices.emplace_back(notice, kind);
 }
 
+bool CReceiverConnection::IsConnected() const {
+    RequireOwnerThread("IsConnected");
+    return m_connected;
+}
+
 IPort& CReceiverConnection::Port() {
+    RequireOwnerThread("Port");
     return *m_port;
 }
 
 void CReceiverConnection::SuspendPort() {
+    RequireOwnerThread("SuspendPort");
     m_suspended = true;
 }
 
+ReceiverIdentity CReceiverConnection::Identity() const {
+    RequireOwnerThread("Identity");
+    return m_identity;
+}
+
 void CReceiverConnection::ResumePort() {
+    RequireOwnerThread("ResumePort");
     m_suspended = false;
     m_parser.Reset();
     const QByteArray rest = std::exchange(m_port->m_buffer, {});
@@ -146,6 +170,7 @@ void CReceiverConnection::ResumePort() {
 }
 
 void CReceiverConnection::Identify(int timeoutMs) {
+    RequireOwnerThread("Identify");
     struct Step {
         const char* path;
         QString ReceiverIdentity::*field;
@@ -177,6 +202,7 @@ void CReceiverConnection::Identify(int timeoutMs) {
 }
 
 void CReceiverConnection::Disconnect() {
+    RequireOwnerThread("Disconnect");
     if (!m_connected)
         return;
     m_link->Close();
@@ -212,11 +238,23 @@ void CReceiverConnection::Finish(CommandResult result) {
     m_timeout.stop();
     if (!m_inFlight)
         return;
-    Completion done = std::move(m_inFlight->done);
+    Pending finished = std::move(*m_inFlight);
     m_inFlight.reset();
     SendNext();
-    if (done)
-        done(result);
+    Deliver(finished.id, std::move(finished.done), std::move(result));
+}
+
+void CReceiverConnection::Deliver(CommandId id, Completion done, CommandResult result) {
+    // Never from inside the caller's own call (StartCommand, Disconnect, ResumePort, a read of
+    // the raw port): a completion may start the next command or end a nested event loop.
+    m_delivering.insert(id);
+    QMetaObject::invokeMethod(
+        this,
+        [this, id, done = std::move(done), result = std::move(result)] {
+            if (m_delivering.erase(id) != 0 && done)
+                done(result);
+        },
+        Qt::QueuedConnection);
 }
 
 void CReceiverConnection::SendNext() {
@@ -247,8 +285,7 @@ void CReceiverConnection::EndSession() {
         m_inFlight.reset();
     }
     for (Pending& p : pending)
-        if (p.done)
-            p.done({CommandResult::Disconnected, false, {}});
+        Deliver(p.id, std::move(p.done), {CommandResult::Disconnected, false, {}});
 }
 
 void CReceiverConnection::Notify(ENotification kind) {

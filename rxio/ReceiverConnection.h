@@ -20,21 +20,23 @@ namespace rxio {
 class RXIO_EXPORT CReceiverConnection final : public QObject, public IReceiver {
     Q_OBJECT
 public:
-    explicit CReceiverConnection(std::unique_ptr<CLink> link);
-    ~CReceiverConnection() override;
+    // The only way to make one: whichever thread lets go of the last handle, the connection is
+    // destroyed on its own thread (a socket or timer must never die on another one).
+    static std::shared_ptr<CReceiverConnection> Create(std::unique_ptr<CLink> link);
 
     CommandId StartCommand(const QString& command, int timeoutMs, Completion done) override;
     void Abandon(CommandId id) override;
-    bool IsConnected() const override { return m_connected; }
+    bool IsConnected() const override;
     void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) override;
     IPort& Port() override;
     void SuspendPort() override;
     void ResumePort() override;
-    ReceiverIdentity Identity() const override { return m_identity; }
+    ReceiverIdentity Identity() const override;
 
     // Reads the receiver's identity; `identified` follows (also when some parts are missing).
     void Identify(int timeoutMs = 3000);
-    // Closes the link on purpose: pending commands end as disconnected, no notice is raised.
+    // Closes the link on purpose: pending commands end as disconnected (later, from the event
+    // loop, as every completion), no notice is raised.
     void Disconnect();
 
     // Replies that matched no pending command (late, abandoned or unasked), and skipped bytes.
@@ -55,11 +57,16 @@ private:
     };
     class RawPort;
 
+    explicit CReceiverConnection(std::unique_ptr<CLink> link);
+    ~CReceiverConnection() override;
+
     void OnReadyRead();
     void OnFrame(const Frame& frame);
     void OnLost(const QString& reason);
     void SendNext();
     void Finish(CommandResult result);
+    // Calls `done` with `result` from the event loop, unless `id` is abandoned by then.
+    void Deliver(CommandId id, Completion done, CommandResult result);
     void Notify(ENotification kind);
     // Ends every pending command as disconnected.
     void EndSession();
@@ -72,8 +79,8 @@ private:
     CommandId m_nextId = 1;
     std::deque<Pending> m_queue;
     std::optional<Pending> m_inFlight;
-    // Commands refused or failed before sending, whose answer is still on its way.
-    std::set<CommandId> m_answeredAtOnce;
+    // Commands whose result is on its way to their completion.
+    std::set<CommandId> m_delivering;
     QTimer m_timeout;
     std::vector<std::pair<std::weak_ptr<INotice>, ENotification>> m_notices;
     ReceiverIdentity m_identity;

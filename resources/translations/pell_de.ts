@@ -154,6 +154,11 @@
         <translation>Der Empfänger ist noch mit einem anderen Befehl beschäftigt.</translation>
     </message>
     <message>
+        <source>The receiver can only be used from the thread of its window.</source>
+        <comment>61024</comment>
+        <translation>Der Empfänger kann nur aus dem Thread seines Fensters verwendet werden.</translation>
+    </message>
+    <message>
         <source>Sending text with a control character to %1</source>
         <comment>61100</comment>
         <translation>Senden eines Textes mit Steuerzeichen an %1</translation>

@@ -7,6 +7,7 @@
 #include "lib/PellPropertyPage.h"
 #include "lib/PellPropertySheet.h"
 #include "lib/SettingsStore.h"
+#include "receiver/VexReceiverMate.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -31,6 +32,7 @@ using Log = std::vector<std::string>;
 class ProbeDialog : public CPellDialog {
     Q_OBJECT
 public:
+    using CPellDialog::CallOnWindow;
     using CPellDialog::CPellDialog;
     using CPellDialog::PostToWindow;
     using CPellDialog::RunUserAction;
@@ -201,7 +203,7 @@ const char* KindName(EKind kind) {
 // `receiver` goes to the window, or for SheetWithRegisteredPage only to its first page.
 Window Make(EKind kind, const std::shared_ptr<rxio::IReceiver>& receiver, Log* log) {
     if (kind == EKind::Dialog)
-        return {std::make_unique<ProbeDialog>(receiver)};
+        return {std::make_unique<CPellWindow<ProbeDialog>>(receiver)};
     const bool sheetHasIt = kind == EKind::Sheet;
     auto sheet =
         std::make_unique<ProbeSheet>(sheetHasIt ? receiver : nullptr, QStringLiteral("Settings"));
@@ -369,7 +371,7 @@ struct CountingWorker {
 };
 
 TEST(WindowsTest, WorkerRunsUntilStoppedAndHandsResultsToTheWindow) {
-    ProbeDialog dialog(nullptr);
+    CPellWindow<ProbeDialog> dialog(nullptr);
     std::vector<QVariant> prepared;
     dialog.onPrepare = [&](const QVariant& first, const QVariant& second) {
         prepared = {first, second};
@@ -401,7 +403,7 @@ TEST(WindowsTest, WorkerRunsUntilStoppedAndHandsResultsToTheWindow) {
 
 TEST(WindowsTest, ClosingTheWindowStopsItsWorker) {
     CountingWorker worker;
-    ProbeDialog dialog(nullptr);
+    CPellWindow<ProbeDialog> dialog(nullptr);
     worker.Attach(dialog);
     dialog.show();
     dialog.StartWorker({}, {});
@@ -410,11 +412,85 @@ TEST(WindowsTest, ClosingTheWindowStopsItsWorker) {
     EXPECT_TRUE(worker.sawStop);
 }
 
+// A window whose worker uses one of the window's own members.
+class ScratchDialog : public ProbeDialog {
+public:
+    using ProbeDialog::ProbeDialog;
+
+protected:
+    void RunWorker(std::stop_token stop) override {
+        while (!stop.stop_requested()) {
+            m_scratch.assign(64, 1);
+            QThread::usleep(100);
+        }
+    }
+
+private:
+    std::vector<int> m_scratch;
+};
+
+// Destroyed while open and working: the worker ends before the member it uses goes (the
+// sanitizer presets see it otherwise), and the unguarded form cannot start a worker at all.
+TEST(WindowsTest, AWorkerNeverOutlivesItsWindowsMembers) {
+    {
+        CPellWindow<ScratchDialog> dialog(nullptr);
+        dialog.show();
+        dialog.StartWorker({}, {});
+        QThread::msleep(5);
+    }
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(
+        {
+            ScratchDialog unguarded(nullptr);
+            unguarded.StartWorker({}, {});
+        },
+        "m_stopsWorkerFirst");
+}
+
+// The worker never talks to the receiver itself: it asks the window's thread and waits.
+TEST(WindowsTest, AWorkerAsksTheWindowToTalkToTheReceiver) {
+    pell::test::SimulatedReceiver receiver;
+    CPellWindow<ProbeDialog> dialog(receiver.Receiver());
+    std::optional<QString> elevation;
+    std::atomic<bool> failureCameBack = false;
+    std::atomic<bool> finished = false;
+    dialog.work = [&](std::stop_token stop) {
+        const CVexReceiverMate mate(dialog.GetReceiver());
+        elevation =
+            dialog.CallOnWindow(stop, [&] { return mate.Run(QStringLiteral("print,pos/elm")); });
+        try {
+            dialog.CallOnWindow(stop, [&] { mate.Run(QStringLiteral("print,/par/none")); });
+        } catch (const ulm_std::CCommException&) {
+            failureCameBack = true;
+        }
+        finished = true;
+    };
+    dialog.show();
+    dialog.StartWorker({}, {});
+    ASSERT_TRUE(SpinUntil([&] { return finished.load(); }));
+    dialog.StopWorker();
+    EXPECT_EQ(elevation, QStringLiteral("5"));
+    EXPECT_TRUE(failureCameBack);
+
+    // Stopped while the window's thread is busy: the worker gets nothing and the action never
+    // runs later.
+    std::atomic<bool> ran = false;
+    std::atomic<int> answer = -1;
+    dialog.work = [&](std::stop_token stop) {
+        answer = dialog.CallOnWindow(stop, [&] { ran = true; }) ? 1 : 0;
+    };
+    dialog.StartWorker({}, {});
+    dialog.StopWorker();
+    pell::test::Spin(30);
+    EXPECT_EQ(answer, 0);
+    EXPECT_FALSE(ran);
+}
+
 // Failures of a user action, of a call handed to the window and of the worker are reported; the
 // window stays open.
 TEST(WindowsTest, OtherFailuresAreReportedAndTheWindowStays) {
     pell::test::ScopedPresenter presenter;
-    ProbeDialog dialog(nullptr);
+    CPellWindow<ProbeDialog> dialog(nullptr);
     dialog.work = [](std::stop_token) {
         Fail();
     };

@@ -143,7 +143,14 @@ INSTANTIATE_TEST_SUITE_P(
                   Mate::KeepQuotes,
                   WinError,
                   "",
-                  pell::ERROR_DEV_NOT_EXIST}),
+                  pell::ERROR_DEV_NOT_EXIST},
+        ReplyCase{"refusedUnsent",
+                  {CommandResult::Refused, false, ""},
+                  "print,a",
+                  Mate::KeepQuotes,
+                  WinError,
+                  "",
+                  pell::ERROR_INVALID_PARAMETER}),
     [](const testing::TestParamInfo<ReplyCase>& param) { return std::string(param.param.name); });
 
 TEST(Mate, ValidatorRejectsAReplyAsAReceiverError) {
@@ -172,7 +179,6 @@ TEST(Mate, SimulatedReceiverReplies) {
               QStringLiteral("{2,,access denied}"));
     EXPECT_THROW(mate.Run(QStringLiteral("set,rcv/uptime,0")), ulm_std::CCommException);
     EXPECT_THROW(mate.Run(QStringLiteral("print,/par/none")), ulm_std::CCommException);
-    EXPECT_THROW(mate.Run(QStringLiteral("print,a\nreset,yes")), ulm_std::CCommException);
 }
 
 TEST(Mate, KeyedListWithIndexAbove255FailsOverTheWire) {
@@ -275,6 +281,28 @@ TEST(Mate, ASecondCommandDuringTheWaitIsRefused) {
     EXPECT_EQ(nested, pell::ERROR_BUSY);
     EXPECT_EQ(sim.Simulator().ReceivedCommands().mid(before), QStringList{"print,pos/elm"});
     EXPECT_FALSE(Mate::IsPending(sim.Receiver().get()));
+}
+
+// A line the connection will not send is refused here, not shown as the receiver's answer.
+TEST(Mate, ALineThatWouldBeTwoCommandsIsRefusedUnsent) {
+    pell::test::SimulatedReceiver sim;
+    Mate mate(sim.Receiver());
+    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,a\nreset,yes")); }),
+              pell::ERROR_INVALID_PARAMETER);
+    pell::test::Spin(20);
+    EXPECT_TRUE(sim.Simulator().ReceivedCommands().isEmpty());
+}
+
+// A worker that talks to the receiver itself is stopped at once, before anything is sent.
+TEST(MateDeathTest, RunFromAnotherThreadStopsADebugBuild) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(
+        {
+            pell::test::SimulatedReceiver sim;
+            const Mate mate(sim.Receiver());
+            std::thread([&] { mate.Run(QStringLiteral("print,pos/elm")); }).join();
+        },
+        "IsOwnerThread");
 }
 
 TEST(Mate, NoReceiver) {

@@ -4,13 +4,16 @@
 #include "rxio/Pipe.h"
 #include "rxio/ReceiverConnection.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QSerialPort>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -73,7 +76,7 @@ public:
             EXPECT_TRUE(opened.link) << opened.error.toStdString();
             link = std::move(opened.link);
         }
-        connection = std::make_unique<CReceiverConnection>(std::move(link));
+        connection = CReceiverConnection::Create(std::move(link));
     }
 
     rxsim::CSimulator simulator;
@@ -81,7 +84,7 @@ public:
     QTcpServer server;
     std::unique_ptr<QTcpSocket> socket;
     std::unique_ptr<rxsim::CPty> pty;
-    std::unique_ptr<CReceiverConnection> connection;
+    std::shared_ptr<CReceiverConnection> connection;
 };
 
 class EveryLink : public testing::TestWithParam<Bench::ELink> {};
@@ -182,8 +185,8 @@ TEST(ConnectionTest, CommandsThatWouldSplitIntoTwoAreRefusedUnsent) {
     for (const char* command :
          {"set,pos/elm,1\r\nset,pos/elm,2", "print,pos/elm\nreset,yes", "print,x\rpower,off"}) {
         const CommandResult r = Exec(*bench.connection, QString::fromUtf8(command));
-        EXPECT_TRUE(r.error) << command;
-        EXPECT_EQ(r.reply, QStringLiteral("{3,,bad syntax}"));
+        EXPECT_EQ(r.status, CommandResult::Refused) << command;
+        EXPECT_TRUE(r.reply.isEmpty()) << command;
     }
     Spin(20);
     EXPECT_TRUE(bench.simulator.ReceivedCommands().isEmpty());
@@ -194,6 +197,93 @@ TEST(ConnectionTest, CommandsThatWouldSplitIntoTwoAreRefusedUnsent) {
         QStringLiteral("print,x\nreset,yes"), 1000, [&](const CommandResult&) { called = true; }));
     Spin(20);
     EXPECT_FALSE(called);
+}
+
+// Commands queued at once go out one at a time, each answered in order; a session ended with
+// several pending ends each one once. Completions never run inside the caller's own call.
+TEST(ConnectionTest, QueuedCommandsAreAnsweredInOrderAndAnEndedSessionEndsEachOnce) {
+    Bench bench(Bench::InProcess);
+    std::vector<std::pair<int, CommandResult>> results;
+    const auto start = [&](int n, const char* command) {
+        return bench.connection->StartCommand(
+            QString::fromUtf8(command), 2000,
+            [&results, n](const CommandResult& r) { results.emplace_back(n, r); });
+    };
+    start(0, "print,pos/elm");
+    start(1, "set,pos/elm,300");
+    start(2, "print,dev/ser/b/rate");
+    EXPECT_TRUE(results.empty());
+    for (int i = 0; i < 100 && results.size() < 3; ++i)
+        Spin(5);
+    ASSERT_EQ(results.size(), 3u);
+    EXPECT_EQ(results[0].first, 0);
+    EXPECT_EQ(results[0].second.reply, QStringLiteral("10"));
+    EXPECT_EQ(results[1].first, 1);
+    EXPECT_TRUE(results[1].second.error);
+    EXPECT_EQ(results[2].first, 2);
+    EXPECT_EQ(results[2].second.reply, QStringLiteral("9600"));
+
+    results.clear();
+    bench.simulator.GetFaults().latencyMs = 100;
+    start(0, "print,pos/elm");
+    const auto abandoned = start(1, "print,pos/pdop");
+    start(2, "print,pos/elm");
+    bench.connection->Abandon(abandoned);
+    bench.connection->Disconnect();
+    EXPECT_TRUE(results.empty());
+    Spin(200);
+    ASSERT_EQ(results.size(), 2u);
+    for (const auto& [n, result] : results)
+        EXPECT_EQ(result.status, CommandResult::Disconnected) << n;
+    EXPECT_EQ(results[0].first, 0);
+    EXPECT_EQ(results[1].first, 2);
+}
+
+TEST(ConnectionTest, ALinkThatCannotOpenSaysWhy) {
+    const auto serial =
+        rxio::OpenSerialLink(QStringLiteral("/dev/pell-no-such-port"), 115200, false);
+    EXPECT_FALSE(serial.link);
+    EXPECT_TRUE(serial.error.contains(QStringLiteral("/dev/pell-no-such-port")))
+        << serial.error.toStdString();
+
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const quint16 port = server.serverPort();
+    server.close();
+    const auto tcp = rxio::OpenTcpLink(QStringLiteral("127.0.0.1"), port, 2000);
+    EXPECT_FALSE(tcp.link);
+    EXPECT_TRUE(tcp.error.contains(QString::number(port))) << tcp.error.toStdString();
+}
+
+TEST(ConnectionTest, ASerialPortThatFailsIsALostConnection) {
+    Bench bench(Bench::Pty);
+    ASSERT_EQ(Exec(*bench.connection, QStringLiteral("print,pos/elm")).reply, QStringLiteral("10"));
+    QSignalSpy lost(bench.connection.get(), &CReceiverConnection::connectionLost);
+    bench.pty.reset(); // the device behind the serial port goes away
+    EXPECT_TRUE(lost.wait(2000));
+    EXPECT_FALSE(bench.connection->IsConnected());
+}
+
+// Whichever thread lets go of the last handle, the connection dies on its own thread.
+TEST(ConnectionTest, TheLastHandleLetGoOnAWorkerDestroysTheConnectionOnItsThread) {
+    Bench bench(Bench::InProcess);
+    const QPointer<CReceiverConnection> watch(bench.connection.get());
+    std::thread([handle = std::move(bench.connection)]() mutable { handle.reset(); }).join();
+    EXPECT_TRUE(watch);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(watch);
+}
+
+TEST(ConnectionDeathTest, AForeignThreadCannotUseTheConnection) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(
+        {
+            Bench bench(Bench::InProcess);
+            std::thread([&] {
+                bench.connection->StartCommand(QStringLiteral("print,pos/elm"), 100, {});
+            }).join();
+        },
+        "thread that created it");
 }
 
 TEST(ConnectionTest, ADroppedConnectionRaisesTheNoticeAndEndsPendingCommands) {

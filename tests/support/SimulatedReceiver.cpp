@@ -18,7 +18,7 @@ SimulatedReceiver::SimulatedReceiver(const QString& profile)
     auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
     m_receiverEnd = std::move(theirs);
     m_simulator.Serve(m_receiverEnd.get());
-    m_receiver = std::make_shared<rxio::CReceiverConnection>(
+    m_receiver = rxio::CReceiverConnection::Create(
         rxio::OpenInProcessLink(std::move(mine), QStringLiteral("simulator")).link);
 }
 
