@@ -85,6 +85,7 @@ public:
 
     std::function<void()> onInit;
     std::function<void()> onSetActive;
+    std::function<void()> onApply;
     bool killActive = true;
     bool apply = true;
     bool queryCancel = true;
@@ -108,7 +109,12 @@ protected:
             onSetActive();
     }
     bool OnKillActive() override { return Note("kill"), killActive; }
-    bool OnApply() override { return Note("apply"), apply; }
+    bool OnApply() override {
+        Note("apply");
+        if (onApply)
+            onApply();
+        return apply;
+    }
     void OnOK() override { Note("ok"); }
     void OnCancel() override { Note("cancel"); }
     bool OnQueryCancel() override { return Note("query"), queryCancel; }
@@ -588,6 +594,27 @@ TEST(SheetTest, OkAppliesModifiedPagesAndClosesWhenAllAccept) {
             EXPECT_TRUE(s.pages[c.refusingApply]->IsModified()) << c.name;
         }
     }
+}
+
+// While a page's handler waits for the receiver, further clicks and tab changes are ignored.
+TEST(SheetTest, ClicksWhileAHandlerWaitsAreIgnored) {
+    VisitedSheet s;
+    auto& [log, sheet, pages] = s;
+    pell::test::SimulatedReceiver receiver;
+    receiver.Simulator().GetFaults().latencyMs = 100;
+    pages[1]->SetModified();
+    pages[1]->onApply = [&] {
+        QTimer::singleShot(10, &sheet, [&] {
+            for (const char* button : {"okButton", "applyButton", "cancelButton"})
+                Click(sheet, button);
+            ClickTab(sheet, 2);
+        });
+        CVexReceiverMate(receiver.Receiver()).Run(QStringLiteral("print,pos/elm"));
+    };
+    Click(sheet, "applyButton");
+    EXPECT_THAT(log, testing::ElementsAre("A:kill", "B:apply"));
+    EXPECT_TRUE(sheet.isVisible());
+    EXPECT_EQ(sheet.GetActiveIndex(), 0);
 }
 
 TEST(SheetTest, PageThatWillNotBeLeftKeepsItsTab) {
