@@ -600,6 +600,7 @@ TEST(SheetTest, OkAppliesModifiedPagesAndClosesWhenAllAccept) {
 TEST(SheetTest, ClicksWhileAHandlerWaitsAreIgnored) {
     VisitedSheet s;
     auto& [log, sheet, pages] = s;
+    pell::test::ScopedPresenter presenter;
     pell::test::SimulatedReceiver receiver;
     receiver.Simulator().GetFaults().latencyMs = 100;
     pages[1]->SetModified();
@@ -613,6 +614,7 @@ TEST(SheetTest, ClicksWhileAHandlerWaitsAreIgnored) {
     };
     Click(sheet, "applyButton");
     EXPECT_THAT(log, testing::ElementsAre("A:kill", "B:apply"));
+    EXPECT_TRUE(presenter.Boxes().empty());
     EXPECT_TRUE(sheet.isVisible());
     EXPECT_EQ(sheet.GetActiveIndex(), 0);
 }
