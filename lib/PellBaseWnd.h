@@ -4,6 +4,7 @@
 #include "lib/DialogBase.h"
 #include "lib/Exceptions.h"
 #include "lib/PropertySheet.h"
+#include "lib/WindowMailbox.h"
 #include "rxio/Receiver.h"
 
 #include <QApplication>
@@ -105,9 +106,7 @@ protected:
     // Runs `action` on the window's thread, later, unless the window is gone by then. Safe to call
     // from the worker. A library exception from `action` is reported.
     template <class Action> void PostToWindow(Action action) {
-        QMetaObject::invokeMethod(
-            this, [this, action = std::move(action)]() mutable { RunUserAction(action); },
-            Qt::QueuedConnection);
+        m_mailbox->Post([this, action = std::move(action)]() mutable { RunUserAction(action); });
     }
 
     // From the worker: runs `action` on the window's thread (where the receiver may be used) and
@@ -119,23 +118,20 @@ protected:
         auto promise = std::make_shared<std::promise<Result>>();
         auto givenUp = std::make_shared<std::atomic<bool>>(false);
         std::future<Result> future = promise->get_future();
-        QMetaObject::invokeMethod(
-            this,
-            [promise, givenUp, action = std::move(action)]() mutable {
-                if (*givenUp)
-                    return;
-                try {
-                    if constexpr (std::is_void_v<Result>) {
-                        action();
-                        promise->set_value();
-                    } else {
-                        promise->set_value(action());
-                    }
-                } catch (...) {
-                    promise->set_exception(std::current_exception());
+        m_mailbox->Post([promise, givenUp, action = std::move(action)]() mutable {
+            if (*givenUp)
+                return;
+            try {
+                if constexpr (std::is_void_v<Result>) {
+                    action();
+                    promise->set_value();
+                } else {
+                    promise->set_value(action());
                 }
-            },
-            Qt::QueuedConnection);
+            } catch (...) {
+                promise->set_exception(std::current_exception());
+            }
+        });
         using Answer = std::conditional_t<std::is_void_v<Result>, bool, std::optional<Result>>;
         while (future.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready) {
             if (stop.stop_requested()) {
@@ -201,6 +197,8 @@ private:
     std::shared_ptr<rxio::IReceiver> m_receiver;
     std::shared_ptr<rxio::INotice> m_connectionLost;
     std::shared_ptr<rxio::INotice> m_receiverGone;
+    // What the worker hands to the window; a child, so it goes with the window.
+    CWindowMailbox* m_mailbox = new CWindowMailbox(this);
     std::jthread m_worker;
     bool m_stopsWorkerFirst = false;
 };

@@ -79,7 +79,8 @@ QString CVexReceiverMate::Run(const QString& command, EQuotes quotes,
     {
         const std::stop_callback onCancel(m_cancel, [wait, &loop] {
             wait->cancelled = true;
-            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+            // By name: nothing of ours travels to the waiting thread inside Qt's event.
+            QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
         });
         if (!wait->done && !wait->cancelled)
             loop.exec(m_keepAlive ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
