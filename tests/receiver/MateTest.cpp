@@ -206,13 +206,36 @@ unsigned long WinErrorOf(const std::function<void()>& action) {
     return 0;
 }
 
-TEST(Mate, TimeOut) {
-    pell::test::SimulatedReceiver sim;
-    sim.Simulator().GetFaults().silentPaths.insert(QStringLiteral("pos/elm"));
-    Mate mate(sim.Receiver());
-    mate.SetTimeout(100);
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }), pell::ERROR_TIMEOUT);
-    EXPECT_EQ(mate.Run(QStringLiteral("print,rcv/uptime")), QStringLiteral("0"));
+// Failures of the wait over the wire, and what the next command meets afterwards.
+TEST(Mate, WaitFailures) {
+    struct Case {
+        const char* name;
+        std::function<void(rxsim::CSimulator&)> fault; // null: no receiver at all
+        unsigned long code;
+        unsigned long next; // 0: the next command is answered
+    };
+    const Case cases[] = {
+        {"time-out",
+         [](rxsim::CSimulator& s) { s.GetFaults().silentPaths.insert(QStringLiteral("pos/elm")); },
+         pell::ERROR_TIMEOUT, 0},
+        {"connection lost",
+         [](rxsim::CSimulator& s) {
+             s.GetFaults().latencyMs = 300;
+             s.DropAfter(20);
+         },
+         pell::ERROR_DEV_NOT_EXIST, pell::ERROR_DEV_NOT_EXIST},
+        {"no receiver", nullptr, pell::ERROR_DEV_NOT_EXIST, pell::ERROR_DEV_NOT_EXIST},
+    };
+    for (const Case& c : cases) {
+        pell::test::SimulatedReceiver sim;
+        Mate mate(c.fault ? sim.Receiver() : nullptr);
+        if (c.fault)
+            c.fault(sim.Simulator());
+        mate.SetTimeout(100);
+        EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }), c.code) << c.name;
+        EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,rcv/uptime")); }), c.next)
+            << c.name;
+    }
 }
 
 TEST(Mate, CancelDuringTheWaitAbandonsTheCommand) {
@@ -252,17 +275,6 @@ TEST(Mate, CancelFromAWorkerThread) {
               pell::ERROR_CANCELLED);
 }
 
-TEST(Mate, LostConnectionEndsTheWait) {
-    pell::test::SimulatedReceiver sim;
-    sim.Simulator().GetFaults().latencyMs = 300;
-    sim.Simulator().DropAfter(20);
-    Mate mate(sim.Receiver());
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
-              pell::ERROR_DEV_NOT_EXIST);
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
-              pell::ERROR_DEV_NOT_EXIST);
-}
-
 // A timer firing during the wait (the window stays alive) must not put a second command on
 // the wire while the first one waits.
 TEST(Mate, ASecondCommandDuringTheWaitIsRefused) {
@@ -283,16 +295,6 @@ TEST(Mate, ASecondCommandDuringTheWaitIsRefused) {
     EXPECT_FALSE(Mate::IsPending(sim.Receiver().get()));
 }
 
-// A line the connection will not send is refused here, not shown as the receiver's answer.
-TEST(Mate, ALineThatWouldBeTwoCommandsIsRefusedUnsent) {
-    pell::test::SimulatedReceiver sim;
-    Mate mate(sim.Receiver());
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,a\nreset,yes")); }),
-              pell::ERROR_INVALID_PARAMETER);
-    pell::test::Spin(20);
-    EXPECT_TRUE(sim.Simulator().ReceivedCommands().isEmpty());
-}
-
 // A worker that talks to the receiver itself is stopped at once, before anything is sent.
 TEST(MateDeathTest, RunFromAnotherThreadStopsADebugBuild) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
@@ -303,11 +305,6 @@ TEST(MateDeathTest, RunFromAnotherThreadStopsADebugBuild) {
             std::thread([&] { mate.Run(QStringLiteral("print,pos/elm")); }).join();
         },
         "IsOwnerThread");
-}
-
-TEST(Mate, NoReceiver) {
-    Mate mate(nullptr);
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,a")); }), pell::ERROR_DEV_NOT_EXIST);
 }
 
 } // namespace
