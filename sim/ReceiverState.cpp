@@ -169,8 +169,12 @@ std::optional<QString> CReceiverState::Value(const QString& path) const {
 bool CReceiverState::Exists(const QString& path) const {
     if (path.isEmpty() || m_params.contains(path) || m_lists.contains(path))
         return true;
-    const auto next = m_params.lower_bound(path + QLatin1Char('/'));
-    return next != m_params.end() && next->first.startsWith(path + QLatin1Char('/'));
+    const QString prefix = path + QLatin1Char('/');
+    const auto below = [&prefix](const auto& map) {
+        const auto next = map.lower_bound(prefix);
+        return next != map.end() && next->first.startsWith(prefix);
+    };
+    return below(m_params) || below(m_lists);
 }
 
 QStringList CReceiverState::Children(const QString& path) const {
@@ -182,6 +186,17 @@ QStringList CReceiverState::Children(const QString& path) const {
         const QString name = it->first.mid(prefix.size()).section(QLatin1Char('/'), 0, 0);
         if (names.isEmpty() || names.back() != name)
             names << name;
+    }
+    // A list without items has no parameters yet, but is a member all the same.
+    const qsizetype fromParams = names.size();
+    for (auto it = m_lists.lower_bound(prefix); it != m_lists.end(); ++it) {
+        if (!it->first.startsWith(prefix))
+            break;
+        names << it->first.mid(prefix.size()).section(QLatin1Char('/'), 0, 0);
+    }
+    if (names.size() > fromParams) {
+        names.sort();
+        names.removeDuplicates();
     }
     return names;
 }
