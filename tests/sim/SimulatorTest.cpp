@@ -26,10 +26,17 @@ struct Controller {
         receiverEnd = std::move(theirs);
         simulator.Serve(receiverEnd.get());
     }
-    // The frames (one a line: their payloads hold no LF here) that arrive within `ms`.
-    QList<QByteArray> Frames(int ms) {
-        QTest::qWait(ms);
-        QByteArray bytes = end->readAll();
+    // The frames (one a line: their payloads hold no LF here) once `count` have come and
+    // `settleMs` more have passed, so that one too many shows.
+    QList<QByteArray> Frames(qsizetype count, int settleMs) {
+        QByteArray bytes;
+        const auto read = [&] {
+            bytes += end->readAll();
+            return bytes.count('\n') >= count;
+        };
+        if (QTest::qWaitFor(read, 5000))
+            QTest::qWait(settleMs);
+        read();
         bytes.chop(1);
         return bytes.isEmpty() ? QList<QByteArray>{} : bytes.split('\n');
     }
@@ -60,7 +67,7 @@ TEST(SimulatorConnections, EachStartsClean) {
         }
         Controller next(simulator);
         next.end->write("%8%print,pos/elm\r\n%9%print,cur/term/imode\r\n");
-        EXPECT_EQ(next.Frames(c.latencyMs + 60),
+        EXPECT_EQ(next.Frames(2, c.latencyMs + 20),
                   (QList<QByteArray>{"RE000005%8%10", "RE000006%9%cmd"}));
     }
 }
@@ -71,7 +78,7 @@ TEST(SimulatorConnections, FaultCountsStartAgain) {
     for (int connection = 0; connection < 2; ++connection) {
         Controller controller(simulator);
         controller.end->write("%1%print,pos/elm\r\n%2%print,pos/elm\r\n%3%print,pos/elm\r\n");
-        EXPECT_EQ(controller.Frames(20).size(), 2) << "connection " << connection;
+        EXPECT_EQ(controller.Frames(2, 20).size(), 2) << "connection " << connection;
         EXPECT_FALSE(controller.receiverEnd->isOpen());
     }
 }
