@@ -31,9 +31,9 @@ QStringList SplitTopLevel(const QString& text, QChar separator) {
         }
         if (c == QLatin1Char('"'))
             quoted = true;
-        else if (c == QLatin1Char('{'))
+        else if (c == QLatin1Char('{') || c == QLatin1Char('['))
             ++depth;
-        else if (c == QLatin1Char('}'))
+        else if (c == QLatin1Char('}') || c == QLatin1Char(']'))
             --depth;
         else if (c == separator && depth == 0) {
             parts << current;
@@ -124,6 +124,12 @@ Answer ErrorAnswer(int code, const QString& text) {
     return {true, QStringLiteral("{%1,,%2}").arg(code).arg(text)};
 }
 
+void AppendBounded(QStringList& history, const QString& entry, qsizetype keep) {
+    if (history.size() >= keep)
+        history.removeFirst();
+    history << entry;
+}
+
 QStringList CReceiverState::SplitCommands(const QString& line) {
     return SplitTopLevel(line, QLatin1Char(';'));
 }
@@ -161,10 +167,14 @@ std::optional<QString> CReceiverState::Value(const QString& path) const {
 }
 
 bool CReceiverState::Exists(const QString& path) const {
-    if (m_params.contains(path) || m_lists.contains(path))
+    if (path.isEmpty() || m_params.contains(path) || m_lists.contains(path))
         return true;
-    const auto next = m_params.lower_bound(path + QLatin1Char('/'));
-    return next != m_params.end() && next->first.startsWith(path + QLatin1Char('/'));
+    const QString prefix = path + QLatin1Char('/');
+    const auto below = [&prefix](const auto& map) {
+        const auto next = map.lower_bound(prefix);
+        return next != map.end() && next->first.startsWith(prefix);
+    };
+    return below(m_params) || below(m_lists);
 }
 
 QStringList CReceiverState::Children(const QString& path) const {
@@ -177,6 +187,17 @@ QStringList CReceiverState::Children(const QString& path) const {
         if (names.isEmpty() || names.back() != name)
             names << name;
     }
+    // A list without items has no parameters yet, but is a member all the same.
+    const qsizetype fromParams = names.size();
+    for (auto it = m_lists.lower_bound(prefix); it != m_lists.end(); ++it) {
+        if (!it->first.startsWith(prefix))
+            break;
+        names << it->first.mid(prefix.size()).section(QLatin1Char('/'), 0, 0);
+    }
+    if (names.size() > fromParams) {
+        names.sort();
+        names.removeDuplicates();
+    }
     return names;
 }
 
@@ -186,10 +207,11 @@ QString CReceiverState::Subtree(const QString& path) const {
         return def.kind == ParamSpec::Text ? Quote(it->second.value) : it->second.value;
     }
     QStringList parts;
+    const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
     // Keys are the path segments as they are, so list items read 00={...},03={...} and a key
     // joined to its parent is a path the receiver knows.
     for (const QString& name : Children(path))
-        parts << name + QLatin1Char('=') + Subtree(path + QLatin1Char('/') + name);
+        parts << name + QLatin1Char('=') + Subtree(prefix + name);
     return QLatin1Char('{') + parts.join(QLatin1Char(',')) + QLatin1Char('}');
 }
 
@@ -244,9 +266,31 @@ Answer CReceiverState::Print(const QStringList& args, SideEffects&) {
     }
     if (t.attribute == QLatin1String("size"))
         return {false, QString::number(Children(t.path).size())};
+    if (t.attribute.startsWith(QLatin1Char('['))) {
+        const auto selected = Selection(t.path, t.attribute);
+        return selected ? Answer{false, *selected} : ErrorAnswer(3, QStringLiteral("bad syntax"));
+    }
     if (!t.attribute.isEmpty())
         return ErrorAnswer(1, QStringLiteral("unknown path"));
     return {false, Subtree(t.path)};
+}
+
+std::optional<QString> CReceiverState::Selection(const QString& path, const QString& fields) const {
+    if (fields.size() < 3 || !fields.endsWith(QLatin1Char(']')))
+        return std::nullopt;
+    const QStringList names = fields.mid(1, fields.size() - 2).split(QLatin1Char(','));
+    if (names.contains(QString()))
+        return std::nullopt;
+    const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
+    QStringList members;
+    for (const QString& member : Children(path)) {
+        QStringList picked;
+        for (const QString& name : names)
+            if (const QString field = prefix + member + QLatin1Char('/') + name; Exists(field))
+                picked << name + QLatin1Char('=') + Subtree(field);
+        members << member + QStringLiteral("={") + picked.join(QLatin1Char(',')) + QLatin1Char('}');
+    }
+    return QLatin1Char('{') + members.join(QLatin1Char(',')) + QLatin1Char('}');
 }
 
 std::optional<QString> CReceiverState::Validate(const ParamSpec& def, const QString& value) const {
@@ -356,6 +400,9 @@ Answer CReceiverState::Create(const QStringList& args, SideEffects&) {
             return ErrorAnswer(2, QStringLiteral("value out of range"));
     }
     const QString item = path + QLatin1Char('/') + QString::asprintf("%02d", index);
+    // An item that exists keeps its values: creating it again is refused.
+    if (used.contains(item.section(QLatin1Char('/'), -1)))
+        return ErrorAnswer(2, QStringLiteral("value out of range"));
     for (const ParamSpec& field : def.item)
         AddParam(field, item + QLatin1Char('/') + field.path);
     return {false, QString::number(index)};
@@ -387,7 +434,9 @@ Answer CReceiverState::EnableMessages(const QStringList& args, SideEffects&) {
     const QString port = CModel::Canonical(args[0]);
     if (const auto refused = RefusePort(port, true))
         return *refused;
-    m_messages[port] << args[1].trimmed();
+    const QString set = args[1].trimmed();
+    if (!m_messages[port].contains(set))
+        m_messages[port] << set;
     return {};
 }
 
@@ -421,7 +470,7 @@ Answer CReceiverState::Event(const QStringList& args, SideEffects&) {
     const auto text = args.size() == 1 ? Unquote(args[0].trimmed()) : std::nullopt;
     if (!text || !text->contains(QLatin1Char('=')))
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
-    m_events << *text;
+    AppendBounded(m_events, *text, kKeptEvents);
     return {};
 }
 

@@ -40,6 +40,8 @@ public:
     // Ports that refuse "em," and "out," (as real receivers refuse them on some ports).
     std::set<QString>& RefusingPorts() { return m_refusing; }
     const std::map<QString, QStringList>& Messages() const { return m_messages; }
+    // The most recent texts given to "event" (at most kKeptEvents), oldest first.
+    static constexpr qsizetype kKeptEvents = 256;
     const QStringList& Events() const { return m_events; }
 
     // Splits a line at ';' outside quotes and braces.
@@ -71,6 +73,8 @@ private:
     bool Exists(const QString& path) const;
     // The printed subtree at `path`: a value, or a record {name=...} of its children.
     QString Subtree(const QString& path) const;
+    // "&[a,b]": each member of `path` with only the named fields it has.
+    std::optional<QString> Selection(const QString& path, const QString& fields) const;
     QStringList Children(const QString& path) const;
     std::optional<QString> Validate(const ParamSpec& def, const QString& value) const;
     bool IsPort(const QString& path) const;
@@ -88,5 +92,8 @@ private:
 
 // {code,,text}
 Answer ErrorAnswer(int code, const QString& text);
+
+// Appends to a history that keeps only its newest `keep` entries, so a long session stays small.
+void AppendBounded(QStringList& history, const QString& entry, qsizetype keep);
 
 } // namespace rxsim

@@ -2,6 +2,8 @@
 
 #include <QIODevice>
 #include <QTimer>
+#include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 namespace rxsim {
@@ -13,6 +15,29 @@ constexpr qsizetype kMaxCommandLine = 4096;
 bool IsIdChar(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
+
+// A line's "%id%" prefix: the id, empty when the line has none; nullopt when the line opens an
+// id that is not 1 to 8 id characters closed by '%'.
+std::optional<QByteArray> ReadId(const QByteArray& line) {
+    if (!line.startsWith('%'))
+        return QByteArray();
+    const qsizetype close = line.indexOf('%', 1);
+    if (close < 2 || close > 9)
+        return std::nullopt;
+    const QByteArray id = line.mid(1, close - 1);
+    if (!std::all_of(id.begin(), id.end(), IsIdChar))
+        return std::nullopt;
+    return id;
+}
+
+// A line still without its LF is over the limit once it can no longer end within it (a CR
+// directly before the LF does not count).
+bool Overlong(const QByteArray& partial) {
+    return partial.size() > kMaxCommandLine + 1 ||
+           (partial.size() == kMaxCommandLine + 1 && !partial.endsWith('\r'));
+}
+
+const QByteArray kGarbage = "\x01GARBAGE}{%RE\xff\n";
 
 } // namespace
 
@@ -32,6 +57,15 @@ CSimulator::CSimulator(std::shared_ptr<const CModel> model, const QString& profi
     m_drainTimer->setSingleShot(true);
     m_drainTimer->setTimerType(Qt::PreciseTimer);
     connect(m_drainTimer, &QTimer::timeout, this, &CSimulator::Drain);
+    const auto makeTimer = [this](bool singleShot, auto slot) {
+        auto* timer = new QTimer(this);
+        timer->setSingleShot(singleShot);
+        connect(timer, &QTimer::timeout, this, slot);
+        return timer;
+    };
+    m_dropTimer = makeTimer(true, &CSimulator::DropConnection);
+    m_resetTimer = makeTimer(true, &CSimulator::AnnounceReset);
+    m_garbageTimer = makeTimer(false, [this] { InjectGarbage(kGarbage); });
 }
 
 CSimulator::~CSimulator() = default;
@@ -40,9 +74,24 @@ void CSimulator::Serve(QIODevice* device) {
     if (m_device)
         disconnect(m_device, nullptr, this, nullptr);
     m_device = device;
+    ++m_connection;
+    m_commandsThisConnection = 0;
     m_input.clear();
+    m_discardingLongLine = false;
     m_output.clear();
-    m_passThroughPort.clear();
+    m_paceClock.invalidate();
+    m_pacedBytes = 0;
+    m_drainTimer->stop();
+    EndPassThrough();
+    m_dropTimer->stop();
+    m_resetTimer->stop();
+    m_garbageTimer->stop();
+    if (m_faults.dropAtMs >= 0)
+        DropAfter(m_faults.dropAtMs);
+    if (m_faults.resetAtMs >= 0)
+        m_resetTimer->start(m_faults.resetAtMs);
+    if (m_faults.garbageEveryMs > 0)
+        m_garbageTimer->start(m_faults.garbageEveryMs);
     connect(device, &QIODevice::readyRead, this, &CSimulator::OnControllerBytes);
     if (device->bytesAvailable() > 0)
         OnControllerBytes();
@@ -67,13 +116,16 @@ void CSimulator::DropConnection() {
         return;
     QIODevice* device = m_device;
     m_device = nullptr;
+    m_dropTimer->stop();
+    m_resetTimer->stop();
+    m_garbageTimer->stop();
     disconnect(device, nullptr, this, nullptr);
     device->close();
     emit connectionDropped();
 }
 
 void CSimulator::DropAfter(int ms) {
-    QTimer::singleShot(ms, this, &CSimulator::DropConnection);
+    m_dropTimer->start(ms);
 }
 
 void CSimulator::OnControllerBytes() {
@@ -92,81 +144,94 @@ void CSimulator::OnPortBytes(const QString& port) {
 }
 
 void CSimulator::Consume(QByteArray bytes) {
-    while (!bytes.isEmpty()) {
+    qsizetype pos = 0;
+    while (m_device && pos < bytes.size()) {
         if (InPassThrough()) {
-            // Bytes pass untouched until the terminator text; it and what follows are ours.
-            m_input.append(bytes);
-            bytes.clear();
-            const QByteArray end = m_passThroughEnd.toUtf8();
-            const qsizetype at = end.isEmpty() ? -1 : m_input.indexOf(end);
-            // Hold back only a tail that could still grow into the terminator.
-            qsizetype keep = at;
-            if (at < 0) {
-                keep = m_input.size();
-                for (qsizetype n = std::min(end.size() - 1, m_input.size()); n > 0; --n)
-                    if (m_input.endsWith(end.left(n))) {
-                        keep -= n;
-                        break;
-                    }
-            }
-            if (QIODevice* port = m_portDevices[m_passThroughPort])
-                port->write(m_input.left(keep));
-            if (at < 0) {
-                m_input.remove(0, keep);
-                return;
-            }
-            bytes = m_input.mid(at + end.size());
-            m_input.clear();
-            m_passThroughPort.clear();
-            SideEffects ignored;
-            m_state->Execute(QStringLiteral("set,cur/term/imode,%1").arg(m_imodeBeforeEcho),
-                             ignored);
+            bytes = PassThrough(bytes.mid(pos));
+            pos = 0;
             continue;
         }
-        m_input.append(bytes);
-        bytes.clear();
-        qsizetype end;
-        while (!InPassThrough() && (end = m_input.indexOf('\n')) >= 0) {
-            QByteArray line = m_input.left(end);
-            m_input.remove(0, end + 1);
-            if (std::exchange(m_discardingLongLine, false))
-                continue;
-            if (line.endsWith('\r'))
-                line.chop(1);
-            if (line.size() > kMaxCommandLine) {
-                Answer({}, ErrorAnswer(5, QStringLiteral("command too long")));
-                continue;
+        const qsizetype lf = bytes.indexOf('\n', pos);
+        const qsizetype end = lf < 0 ? bytes.size() : lf;
+        // Past the limit only the line's head matters (its id); the rest is never held.
+        const qsizetype room = std::max<qsizetype>(0, kMaxCommandLine + 2 - m_input.size());
+        if (!m_discardingLongLine)
+            m_input.append(bytes.constData() + pos, std::min(end - pos, room));
+        pos = end + 1;
+        if (lf < 0) {
+            if (!m_discardingLongLine && Overlong(m_input)) {
+                // Answered once, now; the rest of the line is dropped as it comes.
+                Answer(ReadId(m_input).value_or(QByteArray()),
+                       ErrorAnswer(5, QStringLiteral("command too long")));
+                m_input.clear();
+                m_discardingLongLine = true;
             }
+            return;
+        }
+        if (std::exchange(m_discardingLongLine, false))
+            continue;
+        QByteArray line = std::exchange(m_input, {});
+        if (line.endsWith('\r'))
+            line.chop(1);
+        if (line.size() > kMaxCommandLine)
+            Answer(ReadId(line).value_or(QByteArray()),
+                   ErrorAnswer(5, QStringLiteral("command too long")));
+        else
             HandleLine(line);
-        }
-        if (InPassThrough()) {
-            bytes = std::exchange(m_input, {});
-            continue;
-        }
-        if (m_input.size() > kMaxCommandLine) {
-            m_input.clear();
-            m_discardingLongLine = true;
-            Answer({}, ErrorAnswer(5, QStringLiteral("command too long")));
-        }
     }
 }
 
-void CSimulator::HandleLine(const QByteArray& line) {
-    QByteArray id;
-    QByteArray command = line;
-    if (line.startsWith('%')) {
-        const qsizetype close = line.indexOf('%', 1);
-        id = close > 0 ? line.mid(1, close - 1) : QByteArray();
-        if (close < 0 || id.size() > 8 || !std::all_of(id.begin(), id.end(), IsIdChar)) {
-            Answer({}, ErrorAnswer(3, QStringLiteral("bad syntax")));
-            return;
-        }
-        command = line.mid(close + 1);
+QByteArray CSimulator::PassThrough(const QByteArray& bytes) {
+    // Bytes pass untouched until the terminator text; it and what follows are ours.
+    m_input.append(bytes);
+    const QByteArray end = m_passThroughEnd.toUtf8();
+    const qsizetype at = m_input.indexOf(end);
+    // Hold back only a tail that could still grow into the terminator.
+    qsizetype keep = at;
+    if (at < 0) {
+        keep = m_input.size();
+        for (qsizetype n = std::min(end.size() - 1, m_input.size()); n > 0; --n)
+            if (m_input.endsWith(end.left(n))) {
+                keep -= n;
+                break;
+            }
     }
-    if (command.trimmed().isEmpty())
+    if (QIODevice* port = m_portDevices[m_passThroughPort])
+        port->write(m_input.left(keep));
+    if (at < 0) {
+        m_input.remove(0, keep);
+        return {};
+    }
+    const QByteArray after = m_input.mid(at + end.size());
+    m_input.clear();
+    EndPassThrough();
+    return after;
+}
+
+void CSimulator::EndPassThrough() {
+    if (!InPassThrough())
         return;
+    m_passThroughPort.clear();
+    SideEffects ignored;
+    m_state->Execute(QStringLiteral("set,cur/term/imode,%1").arg(m_imodeBeforeEcho), ignored);
+}
+
+void CSimulator::HandleLine(const QByteArray& line) {
+    const std::optional<QByteArray> id = ReadId(line);
+    if (!id) {
+        Answer({}, ErrorAnswer(3, QStringLiteral("bad syntax")));
+        return;
+    }
+    const QByteArray command = id->isEmpty() ? line : line.mid(id->size() + 2);
+    if (command.trimmed().isEmpty()) {
+        // A bare line ending (a person pressing Enter) is no command; an id with nothing is.
+        if (!id->isEmpty())
+            Answer(*id, ErrorAnswer(3, QStringLiteral("bad syntax")));
+        return;
+    }
     const QString text = QString::fromUtf8(command);
-    m_received << text;
+    AppendBounded(m_received, text, kKeptCommands);
+    ++m_receivedCount;
 
     if (m_faults.baud > 0 && m_paceClock.isValid()) {
         // The command occupied the line too: the answer waits for it.
@@ -180,7 +245,7 @@ void CSimulator::HandleLine(const QByteArray& line) {
 
     SideEffects effects;
     const rxsim::Answer answer = m_state->Execute(text, effects);
-    Answer(id, answer);
+    Answer(*id, answer);
     for (const auto& [port, bytes] : effects.portOutput)
         if (QIODevice* device = m_portDevices[port])
             device->write(bytes);
@@ -190,7 +255,7 @@ void CSimulator::HandleLine(const QByteArray& line) {
         Send(EncodeFrame("NT", {}, "power,off"));
     StartPassThroughIfAsked();
 
-    if (m_faults.dropAfterCommands > 0 && --m_faults.dropAfterCommands == 0)
+    if (++m_commandsThisConnection == m_faults.dropAfterCommands)
         DropConnection();
 }
 
@@ -222,7 +287,10 @@ void CSimulator::StartPassThroughIfAsked() {
 
 void CSimulator::Send(const QByteArray& bytes) {
     if (m_faults.latencyMs > 0)
-        QTimer::singleShot(m_faults.latencyMs, this, [this, bytes] { Emit(bytes); });
+        QTimer::singleShot(m_faults.latencyMs, this, [this, bytes, connection = m_connection] {
+            if (connection == m_connection)
+                Emit(bytes);
+        });
     else
         Emit(bytes);
 }

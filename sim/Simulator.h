@@ -16,11 +16,15 @@ class QTimer;
 
 namespace rxsim {
 
-// Faults the simulated receiver can be told to show.
+// Faults the simulated receiver can be told to show. Counts and times are per connection: they
+// start again with every Serve().
 struct Faults {
     int latencyMs = 0;             // added before every answer
     int baud = 0;                  // link rate both ways, 10 bits a byte; 0 = as fast as the link
-    int dropAfterCommands = -1;    // close the connection after this many more commands; -1 never
+    int dropAfterCommands = -1;    // close the connection after its Nth command; -1 never
+    int dropAtMs = -1;             // close the connection this long after it starts; -1 never
+    int resetAtMs = -1;            // announce a reset this long after the connection starts
+    int garbageEveryMs = 0;        // send bytes that fit no frame this often; 0 never
     std::set<QString> silentPaths; // commands naming these paths are never answered
 };
 
@@ -37,6 +41,7 @@ public:
     Faults& GetFaults() { return m_faults; }
 
     // Serves the controller on `device`, which stays the caller's; a previous one is let go.
+    // Each connection starts clean: no half-read line, no pass-through, fault timers from now.
     void Serve(QIODevice* device);
     // Connects a device to one of the receiver's ports (what a module behind it would see).
     void AttachPortDevice(const QString& port, QIODevice* device);
@@ -44,10 +49,14 @@ public:
     void InjectGarbage(const QByteArray& bytes);
     void AnnounceReset();
     void DropConnection();
+    // Closes the connection `ms` from now.
     void DropAfter(int ms);
 
-    // Every command line received, in order, as it arrived (without the id prefix).
+    // The most recent command lines received (at most kKeptCommands), oldest first, as they
+    // arrived without the id prefix; ReceivedCount() counts all of them.
+    static constexpr qsizetype kKeptCommands = 4096;
     const QStringList& ReceivedCommands() const { return m_received; }
+    qint64 ReceivedCount() const { return m_receivedCount; }
     bool InPassThrough() const { return !m_passThroughPort.isEmpty(); }
 
 signals:
@@ -57,6 +66,9 @@ private:
     void OnControllerBytes();
     void OnPortBytes(const QString& port);
     void Consume(QByteArray bytes);
+    // Bytes of the pass-through towards its port; returns those after the terminator.
+    QByteArray PassThrough(const QByteArray& bytes);
+    void EndPassThrough();
     void HandleLine(const QByteArray& line);
     void Answer(const QByteArray& id, const rxsim::Answer& answer);
     void Send(const QByteArray& bytes);
@@ -70,12 +82,18 @@ private:
     Faults m_faults;
     QPointer<QIODevice> m_device;
     std::map<QString, QPointer<QIODevice>> m_portDevices;
+    quint64 m_connection = 0; // which connection a delayed answer belongs to
+    int m_commandsThisConnection = 0;
+    QTimer* m_dropTimer = nullptr;
+    QTimer* m_resetTimer = nullptr;
+    QTimer* m_garbageTimer = nullptr;
     QByteArray m_input;
     bool m_discardingLongLine = false;
     QString m_passThroughPort;
     QString m_passThroughEnd;
     QString m_imodeBeforeEcho;
     QStringList m_received;
+    qint64 m_receivedCount = 0;
     // Pacing: bytes go out no faster than the link rate.
     QByteArray m_output;
     QElapsedTimer m_paceClock;

@@ -9,8 +9,8 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTextStream>
-#include <QTimer>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -18,6 +18,58 @@ namespace {
 int Fail(const QString& message) {
     QTextStream(stderr) << "rxsim: " << message << '\n';
     return 2;
+}
+
+// A whole number of at least `min` given to `option`, or a reason to stop.
+std::optional<int> Number(const QCommandLineParser& parser, const QCommandLineOption& option,
+                          int min, QString& error) {
+    bool ok = false;
+    const QString text = parser.value(option);
+    const int value = text.toInt(&ok);
+    if (ok && value >= min)
+        return value;
+    error = QStringLiteral("--%1 wants a whole number of at least %2, not \"%3\"")
+                .arg(option.names().constFirst())
+                .arg(min)
+                .arg(text);
+    return std::nullopt;
+}
+
+struct Endpoint {
+    QHostAddress address;
+    quint16 port = 0;
+};
+
+// "127.0.0.1:8002", "localhost:8002", "[::1]:8002"; port 0 lets the system choose.
+std::optional<Endpoint> ParseEndpoint(const QString& text, QString& error) {
+    const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
+    QString host = text.left(colon);
+    if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']')))
+        host = host.mid(1, host.size() - 2);
+    const QHostAddress address = host.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0
+                                     ? QHostAddress(QHostAddress::LocalHost)
+                                     : QHostAddress(host);
+    bool ok = false;
+    const uint port = text.mid(colon + 1).toUInt(&ok);
+    if (colon < 0 || address.isNull()) {
+        error = QStringLiteral("--listen wants ADDRESS:PORT (127.0.0.1:8002, localhost:8002, "
+                               "[::1]:8002), not \"%1\"")
+                    .arg(text);
+        return std::nullopt;
+    }
+    if (!ok || port > 65535) {
+        error = QStringLiteral("--listen port must be 1 to 65535 (0: any free port), not \"%1\"")
+                    .arg(text.mid(colon + 1));
+        return std::nullopt;
+    }
+    return Endpoint{address, static_cast<quint16>(port)};
+}
+
+QString Printable(const QHostAddress& address, quint16 port) {
+    const QString host = address.protocol() == QAbstractSocket::IPv6Protocol
+                             ? QLatin1Char('[') + address.toString() + QLatin1Char(']')
+                             : address.toString();
+    return host + QLatin1Char(':') + QString::number(port);
 }
 
 } // namespace
@@ -30,8 +82,8 @@ int main(int argc, char* argv[]) {
     parser.setApplicationDescription(QStringLiteral("Simulated GNSS receiver."));
     parser.addHelpOption();
     const QCommandLineOption listen("listen",
-                                    "Serve one controller over TCP at ADDR:PORT "
-                                    "(loopback only unless --any-address).",
+                                    "Serve one controller at a time over TCP at ADDR:PORT "
+                                    "(loopback only unless --any-address; port 0: any free).",
                                     "ADDR:PORT");
     const QCommandLineOption anyAddress("any-address", "Allow --listen on a non-loopback address.");
     const QCommandLineOption pty("pty", "Create a pseudo-terminal and print its path.");
@@ -40,14 +92,19 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption model("model", "Parameter model file.", "FILE");
     const QCommandLineOption latency("latency", "Delay every answer by MS.", "MS");
     const QCommandLineOption baud("baud", "Pace the link at RATE baud.", "RATE");
-    const QCommandLineOption dropAfter("drop-after", "Drop the connection after N commands.", "N");
-    const QCommandLineOption dropAt("drop-at", "Drop the connection MS after it starts.", "MS");
-    const QCommandLineOption resetAt("reset-at", "Announce a reset MS after the start.", "MS");
+    const QCommandLineOption dropAfter("drop-after", "Drop each connection after its Nth command.",
+                                       "N");
+    const QCommandLineOption dropAt("drop-at", "Drop each connection MS after it starts.", "MS");
+    const QCommandLineOption resetAt("reset-at", "Announce a reset MS after a connection starts.",
+                                     "MS");
     const QCommandLineOption garbage("garbage-every", "Send garbage bytes every MS.", "MS");
     const QCommandLineOption silent("silent", "Never answer commands naming PATH.", "PATH");
     parser.addOptions({listen, anyAddress, pty, profile, list, model, latency, baud, dropAfter,
                        dropAt, resetAt, garbage, silent});
     parser.process(app);
+    if (!parser.positionalArguments().isEmpty())
+        return Fail(QStringLiteral("unexpected argument \"%1\"")
+                        .arg(parser.positionalArguments().constFirst()));
 
     std::shared_ptr<rxsim::CModel> receiverModel;
     try {
@@ -63,6 +120,35 @@ int main(int argc, char* argv[]) {
                 << '\n';
         return 0;
     }
+    if (parser.isSet(listen) && parser.isSet(pty))
+        return Fail(QStringLiteral("--listen and --pty exclude each other: give one"));
+    if (!parser.isSet(listen) && !parser.isSet(pty))
+        return Fail(QStringLiteral("give --listen ADDR:PORT or --pty"));
+    if (parser.isSet(anyAddress) && !parser.isSet(listen))
+        return Fail(QStringLiteral("--any-address goes with --listen"));
+
+    // Every number first, so that a mistake is told before anything starts.
+    QString error;
+    rxsim::Faults faults;
+    const struct {
+        const QCommandLineOption& option;
+        int min;
+        int* into;
+    } numbers[] = {
+        {latency, 0, &faults.latencyMs},           {baud, 1, &faults.baud},
+        {dropAfter, 1, &faults.dropAfterCommands}, {dropAt, 0, &faults.dropAtMs},
+        {resetAt, 0, &faults.resetAtMs},           {garbage, 1, &faults.garbageEveryMs},
+    };
+    for (const auto& n : numbers) {
+        if (!parser.isSet(n.option))
+            continue;
+        const auto value = Number(parser, n.option, n.min, error);
+        if (!value)
+            return Fail(error);
+        *n.into = *value;
+    }
+    for (const QString& path : parser.values(silent))
+        faults.silentPaths.insert(path);
 
     std::unique_ptr<rxsim::CSimulator> simulator;
     try {
@@ -72,46 +158,38 @@ int main(int argc, char* argv[]) {
     } catch (const std::exception& e) {
         return Fail(QString::fromUtf8(e.what()));
     }
-    rxsim::Faults& faults = simulator->GetFaults();
-    faults.latencyMs = parser.value(latency).toInt();
-    faults.baud = parser.value(baud).toInt();
-    faults.dropAfterCommands = parser.isSet(dropAfter) ? parser.value(dropAfter).toInt() : -1;
-    for (const QString& path : parser.values(silent))
-        faults.silentPaths.insert(path);
-    if (parser.isSet(dropAt))
-        simulator->DropAfter(parser.value(dropAt).toInt());
-    if (parser.isSet(resetAt))
-        QTimer::singleShot(parser.value(resetAt).toInt(), simulator.get(),
-                           &rxsim::CSimulator::AnnounceReset);
-    if (parser.isSet(garbage)) {
-        auto* timer = new QTimer(simulator.get());
-        QObject::connect(timer, &QTimer::timeout, simulator.get(),
-                         [&] { simulator->InjectGarbage("\x01GARBAGE}{%RE\xff\n"); });
-        timer->start(parser.value(garbage).toInt());
-    }
+    simulator->GetFaults() = faults;
 
     QTcpServer server;
     std::unique_ptr<QTcpSocket> client;
     std::unique_ptr<rxsim::CPty> terminal;
     if (parser.isSet(listen)) {
-        const QString def = parser.value(listen);
-        const QHostAddress address(def.section(QLatin1Char(':'), 0, -2));
-        const quint16 port = static_cast<quint16>(def.section(QLatin1Char(':'), -1).toUInt());
-        if (address.isNull())
-            return Fail(QStringLiteral("bad address ") + def);
-        if (!address.isLoopback() && !parser.isSet(anyAddress))
+        const auto endpoint = ParseEndpoint(parser.value(listen), error);
+        if (!endpoint)
+            return Fail(error);
+        if (!endpoint->address.isLoopback() && !parser.isSet(anyAddress))
             return Fail(QStringLiteral("refusing a non-loopback address without --any-address"));
-        if (!server.listen(address, port))
-            return Fail(server.errorString());
+        if (!server.listen(endpoint->address, endpoint->port))
+            return Fail(QStringLiteral("cannot listen on %1: %2")
+                            .arg(parser.value(listen), server.errorString()));
         QObject::connect(&server, &QTcpServer::newConnection, [&] {
-            std::unique_ptr<QTcpSocket> next(server.nextPendingConnection());
-            next->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-            simulator->Serve(next.get());
-            client = std::move(next); // one controller at a time: the newest wins
+            while (QTcpSocket* next = server.nextPendingConnection()) {
+                if (client && client->state() == QAbstractSocket::ConnectedState) {
+                    // One controller at a time, as on a receiver's port: the session goes on,
+                    // the newcomer is told why and let go.
+                    QObject::connect(next, &QTcpSocket::disconnected, next, &QObject::deleteLater);
+                    next->write(rxsim::EncodeFrame("ER", {}, "{6,,port busy}"));
+                    next->disconnectFromHost();
+                    continue;
+                }
+                next->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+                simulator->Serve(next);
+                client.reset(next);
+            }
         });
-        QTextStream(stdout) << "listening on " << server.serverAddress().toString() << ':'
-                            << server.serverPort() << Qt::endl;
-    } else if (parser.isSet(pty)) {
+        QTextStream(stdout) << "listening on "
+                            << Printable(server.serverAddress(), server.serverPort()) << Qt::endl;
+    } else {
         try {
             terminal = std::make_unique<rxsim::CPty>();
         } catch (const std::exception& e) {
@@ -119,8 +197,6 @@ int main(int argc, char* argv[]) {
         }
         simulator->Serve(terminal.get());
         QTextStream(stdout) << terminal->SlavePath() << Qt::endl;
-    } else {
-        return Fail(QStringLiteral("give --listen ADDR:PORT or --pty"));
     }
     return QCoreApplication::exec();
 }

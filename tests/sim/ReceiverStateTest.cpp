@@ -64,6 +64,8 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"print,pos/gps/sat", false, "{n,n,y}"},
         {"set,pos/gps/sat,{n,n", true, "{2,,value out of range}"},
         {"list,dev/ser", false, "{a,b}"},
+        {"list,/", false, "{ant,app,cur,dev,net,omni,pos,rcv}"}, // "app" holds an empty list
+        {"print,app:on", false, "{ntrip={caster={usr={}}}}"},
         {"print,dev/ser/a:on", false, "{rate=9600,rtscts=off}"},
         {"print,dev/ser&size", false, "2"},
         {"set,dev/ser/a/rate,57600;set,dev/ser/a/rtscts,on", false, ";"},
@@ -77,11 +79,21 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"create,app/ntrip/caster/usr,3", false, "3"},
         {"create,app/ntrip/caster/usr,4", true, "{2,,value out of range}"},
         {"set,app/ntrip/caster/usr/03/name,\"ann\"", false, ""},
+        {"create,app/ntrip/caster/usr,3", true, "{2,,value out of range}"}, // "ann" stays
+        {"print,app/ntrip/caster/usr/3/name", true, "{1,,unknown path}"},
+        {"print,app/ntrip/caster/usr/name", true, "{1,,unknown path}"},
+        {"print,app/ntrip/caster/usr&[name,nope]", false,
+         "{00={name=\"\"},01={name=\"\"},03={name=\"ann\"}}"},
+        {"print,app/ntrip/caster&[usr]", false, "{usr={}}"}, // members are items, not fields
+        {"print,app/ntrip/caster/usr&[name,]", true, "{3,,bad syntax}"},
+        {"print,app/ntrip/caster/usr&[name", true, "{3,,bad syntax}"},
         {"print,app/ntrip/caster/usr:on", false,
          "{00={grpnum=0,name=\"\"},01={grpnum=0,name=\"\"},03={grpnum=0,name=\"ann\"}}"},
         {"remove,app/ntrip/caster/usr/01", false, ""},
         {"remove,app/ntrip/caster/usr/01", true, "{1,,unknown path}"},
         {"list,app/ntrip/caster/usr", false, "{00,03}"},
+        {"em,/dev/ser/a,jps/RT", false, ""},
+        {"em,/dev/ser/a,jps/RT", false, ""}, // the same set twice is held once
         {"em,/dev/ser/b,jps/RT", false, ""},
         {"em,/dev/nowhere,jps/RT", true, "{1,,unknown path}"},
         {"dm,/dev/ser/b", false, ""},
@@ -93,6 +105,8 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"print", true, "{3,,bad syntax}"},
         {"power,on", true, "{3,,bad syntax}"},
         {"reset,no", true, "{3,,bad syntax}"},
+        {"reset,yes", false, ""},
+        {"power,off", false, ""},
     };
     for (const Exchange& e : script) {
         const rxsim::Answer answer = Run(QString::fromUtf8(e.command));
@@ -103,6 +117,9 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
     EXPECT_EQ(effects.portOutput[0].first, QStringLiteral("dev/ser/b"));
     EXPECT_EQ(effects.portOutput[0].second, "hello");
     EXPECT_EQ(state.Events(), QStringList{QStringLiteral("start=1")});
+    EXPECT_EQ(state.Messages().at(QStringLiteral("dev/ser/a")), QStringList{"jps/RT"});
+    EXPECT_TRUE(effects.reset);
+    EXPECT_TRUE(effects.powerOff);
 }
 
 TEST_F(ReceiverStateTest, RefusingPortsDenyMessagesAndOutput) {
@@ -110,13 +127,6 @@ TEST_F(ReceiverStateTest, RefusingPortsDenyMessagesAndOutput) {
     EXPECT_EQ(Run("em,/dev/ser/a,jps/RT").text, QStringLiteral("{2,,access denied}"));
     EXPECT_EQ(Run("out,/dev/ser/a,\"x\"").text, QStringLiteral("{2,,access denied}"));
     EXPECT_FALSE(Run("dm,/dev/ser/a").error);
-}
-
-TEST_F(ReceiverStateTest, PowerAndResetAreSideEffects) {
-    EXPECT_FALSE(Run("reset,yes").error);
-    EXPECT_TRUE(effects.reset);
-    EXPECT_FALSE(Run("power,off").error);
-    EXPECT_TRUE(effects.powerOff);
 }
 
 TEST(ReceiverStateProfiles, FeaturesDecideWhichPathsExist) {
@@ -143,10 +153,6 @@ TEST(ModelLoading, BrokenFilesGiveAReason) {
                  std::runtime_error);
     EXPECT_THROW(CModel::Load(QStringLiteral(TEST_DATA_DIR "/README.md")), std::runtime_error);
 }
-
-} // namespace
-
-namespace {
 
 // The shipped model: every profile loads and answers its own identity; features differ.
 TEST(ShippedModel, EveryProfileAnswersItsIdentity) {

@@ -1,0 +1,105 @@
+#include "Simulator.h"
+
+#include "Model.h"
+#include "rxio/Pipe.h"
+
+#include <QCoreApplication>
+#include <QTest>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+using rxsim::CSimulator;
+
+std::shared_ptr<const rxsim::CModel> SmallModel() {
+    static const auto model = std::make_shared<const rxsim::CModel>(
+        rxsim::CModel::Load(QStringLiteral(TEST_DATA_DIR "/model-small.json")));
+    return model;
+}
+
+// One controller connection to the simulator over the in-process pipe.
+struct Controller {
+    explicit Controller(CSimulator& simulator) {
+        auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
+        end = std::move(mine);
+        receiverEnd = std::move(theirs);
+        simulator.Serve(receiverEnd.get());
+    }
+    // The frames (one a line: their payloads hold no LF here) once `count` have come and
+    // `settleMs` more have passed, so that one too many shows.
+    QList<QByteArray> Frames(qsizetype count, int settleMs) {
+        QByteArray bytes;
+        const auto read = [&] {
+            bytes += end->readAll();
+            return bytes.count('\n') >= count;
+        };
+        if (QTest::qWaitFor(read, 5000))
+            QTest::qWait(settleMs);
+        read();
+        bytes.chop(1);
+        return bytes.isEmpty() ? QList<QByteArray>{} : bytes.split('\n');
+    }
+    std::unique_ptr<rxio::CPipeEnd> end;
+    std::unique_ptr<rxio::CPipeEnd> receiverEnd;
+};
+
+// Whatever a connection leaves behind, the next one's commands are each answered once.
+TEST(SimulatorConnections, EachStartsClean) {
+    const struct {
+        const char* left;
+        int latencyMs;
+        QByteArray bytes;
+    } cases[] = {
+        {"half a line", 0, "%1%print,pos"},
+        {"half an over-long line", 0, "%1%print," + QByteArray(5000, 'x')},
+        {"a pass-through", 0, "%1%set,cur/term/echo,/dev/ser/a\r\n%2%set,cur/term/imode,echo\r\n+"},
+        {"a delayed answer", 40, "%1%print,pos/elm\r\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.left);
+        CSimulator simulator(SmallModel(), QStringLiteral("alpha"));
+        simulator.GetFaults().latencyMs = c.latencyMs;
+        {
+            Controller previous(simulator);
+            previous.end->write(c.bytes);
+            QTest::qWait(5);
+        }
+        Controller next(simulator);
+        next.end->write("%8%print,pos/elm\r\n%9%print,cur/term/imode\r\n");
+        EXPECT_EQ(next.Frames(2, c.latencyMs + 20),
+                  (QList<QByteArray>{"RE000005%8%10", "RE000006%9%cmd"}));
+    }
+}
+
+TEST(SimulatorConnections, FaultCountsStartAgain) {
+    CSimulator simulator(SmallModel(), QStringLiteral("alpha"));
+    simulator.GetFaults().dropAfterCommands = 2;
+    for (int connection = 0; connection < 2; ++connection) {
+        Controller controller(simulator);
+        controller.end->write("%1%print,pos/elm\r\n%2%print,pos/elm\r\n%3%print,pos/elm\r\n");
+        EXPECT_EQ(controller.Frames(2, 20).size(), 2) << "connection " << connection;
+        EXPECT_FALSE(controller.receiverEnd->isOpen());
+    }
+}
+
+// A long session keeps the newest lines only; the counters still see every one.
+TEST(SimulatorHistory, KeepsTheNewestAndCountsAll) {
+    CSimulator simulator(SmallModel(), QStringLiteral("alpha"));
+    Controller controller(simulator);
+    constexpr qsizetype kLines = CSimulator::kKeptCommands + 100;
+    QByteArray lines;
+    for (qsizetype i = 0; i < kLines; ++i)
+        lines += "event,\"n=" + QByteArray::number(i) + "\"\n";
+    controller.end->write(lines);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return simulator.ReceivedCount() == kLines; }, 5000));
+    const QStringList& kept = simulator.ReceivedCommands();
+    EXPECT_EQ(kept.size(), CSimulator::kKeptCommands);
+    EXPECT_EQ(kept.front(), QStringLiteral("event,\"n=100\""));
+    EXPECT_EQ(kept.back(), QStringLiteral("event,\"n=%1\"").arg(kLines - 1));
+    const QStringList& events = simulator.State().Events();
+    EXPECT_EQ(events.size(), rxsim::CReceiverState::kKeptEvents);
+    EXPECT_EQ(events.back(), QStringLiteral("n=%1").arg(kLines - 1));
+}
+
+} // namespace
