@@ -27,7 +27,7 @@ namespace {
 const QString kNone = QStringLiteral("—");
 
 // Rows of the connection form shown for each kind of receiver target, after the kind itself.
-enum ERow { KindRow, ProfileRow, SerialPortRow, SerialRateRow, HostRow, TcpPortRow, StateRow };
+enum ERow { KindRow, ProfileRow, SerialPortRow, SerialRateRow, AddressRow, StateRow };
 
 QWidget* Row(std::initializer_list<QWidget*> widgets, int stretchIndex = -1) {
     auto* row = new QWidget;
@@ -132,6 +132,7 @@ QGroupBox* MainWindow::BuildConnectionBox() {
     m_rtsCts = new QCheckBox(tr("RTS/CTS flow control"));
 
     m_host = new QLineEdit(QStringLiteral("127.0.0.1"));
+    m_host->setPlaceholderText(tr("host name or IP address"));
     m_tcpPort = new QSpinBox;
     m_tcpPort->setRange(1, 65535);
     m_tcpPort->setValue(8002);
@@ -150,8 +151,8 @@ QGroupBox* MainWindow::BuildConnectionBox() {
     m_connectionForm->addRow(tr("Model:"), m_profile);
     m_connectionForm->addRow(tr("Port:"), m_serialPort);
     m_connectionForm->addRow(tr("Speed:"), Row({m_serialRate, m_rtsCts}, 1));
-    m_connectionForm->addRow(tr("Host:"), m_host);
-    m_connectionForm->addRow(tr("Port:"), Row({m_tcpPort}, 0));
+    m_connectionForm->addRow(tr("Address:"),
+                             Row({m_host, new QLabel(QStringLiteral(":")), m_tcpPort}, 0));
     m_connectionForm->addRow(Row({m_stateMark, m_state, m_connect}, 1));
     connect(m_kind, &QComboBox::currentIndexChanged, this, &MainWindow::ShowKind);
     ShowKind(ReceiverTarget::Simulator);
@@ -178,8 +179,7 @@ void MainWindow::ShowKind(int kind) {
     m_connectionForm->setRowVisible(ProfileRow, kind == ReceiverTarget::Simulator);
     m_connectionForm->setRowVisible(SerialPortRow, kind == ReceiverTarget::Serial);
     m_connectionForm->setRowVisible(SerialRateRow, kind == ReceiverTarget::Serial);
-    m_connectionForm->setRowVisible(HostRow, kind == ReceiverTarget::Tcp);
-    m_connectionForm->setRowVisible(TcpPortRow, kind == ReceiverTarget::Tcp);
+    m_connectionForm->setRowVisible(AddressRow, kind == ReceiverTarget::Tcp);
 }
 
 ReceiverTarget MainWindow::TargetFromFields() const {
@@ -195,6 +195,11 @@ ReceiverTarget MainWindow::TargetFromFields() const {
 }
 
 void MainWindow::ConnectTo(const ReceiverTarget& target) {
+    ShowTarget(target);
+    m_connection.Open(target);
+}
+
+void MainWindow::ShowTarget(const ReceiverTarget& target) {
     m_kind->setCurrentIndex(target.kind);
     switch (target.kind) {
     case ReceiverTarget::Simulator:
@@ -213,7 +218,6 @@ void MainWindow::ConnectTo(const ReceiverTarget& target) {
         m_tcpPort->setValue(target.number);
         break;
     }
-    m_connection.Open(target);
 }
 
 void MainWindow::OnConnectClicked() {
@@ -254,7 +258,7 @@ void MainWindow::OnStateChanged() {
         m_connect->setText(tr("Disconnect"));
         break;
     case EState::Lost:
-        text = tr("Connection to %1 lost: %2").arg(target, m_connection.Message());
+        text = tr("Connection lost. %1").arg(m_connection.Message());
         mark = bad;
         m_connect->setText(tr("Reconnect"));
         break;

@@ -22,6 +22,8 @@ class MainWindow final : public QMainWindow {
 public:
     explicit MainWindow(std::shared_ptr<const rxsim::CModel> model, QWidget* parent = nullptr);
 
+    // Fills the connection fields with `target`.
+    void ShowTarget(const ReceiverTarget& target);
     // Fills the connection fields with `target` and connects to it.
     void ConnectTo(const ReceiverTarget& target);
     Connection& GetConnection() { return m_connection; }

@@ -80,6 +80,8 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
 
     MainWindow window(model);
     shooter.SaveBothSizes(window, QStringLiteral("main-window-not-connected"));
+    window.ShowTarget({ReceiverTarget::Serial, QStringLiteral("/dev/ttyUSB0"), 115200, true});
+    shooter.Save(window, QStringLiteral("main-window-serial-480x640"), kHandheld);
     window.ConnectTo({ReceiverTarget::Tcp, QStringLiteral("127.0.0.1"), server.serverPort()});
     shooter.SaveBothSizes(window, QStringLiteral("main-window-connecting"));
     Settle();

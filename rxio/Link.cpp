@@ -10,9 +10,12 @@ CLink::CLink(std::unique_ptr<QIODevice> device, std::shared_ptr<const IPortAddr>
     connect(m_device.get(), &QIODevice::readChannelFinished, this,
             [this] { ReportLost(tr("The receiver closed the connection.")); });
     if (auto* socket = qobject_cast<QTcpSocket*>(m_device.get())) {
-        connect(socket, &QAbstractSocket::errorOccurred, this, [this, socket] {
-            ReportLost(tr("Connection error: %1").arg(socket->errorString()));
-        });
+        connect(socket, &QAbstractSocket::errorOccurred, this,
+                [this, socket](QAbstractSocket::SocketError e) {
+                    ReportLost(e == QAbstractSocket::RemoteHostClosedError
+                                   ? tr("The receiver closed the connection.")
+                                   : socket->errorString());
+                });
     } else if (auto* serial = qobject_cast<QSerialPort*>(m_device.get())) {
         connect(serial, &QSerialPort::errorOccurred, this,
                 [this, serial](QSerialPort::SerialPortError e) {
