@@ -89,7 +89,7 @@ bool CommandLine::Parse(QStringList arguments) {
 }
 
 bool CommandLine::WantsHelp() const {
-    return m_parser.isSet(m_help);
+    return m_parser.isSet(m_help) || m_parser.isSet(QStringLiteral("help-all"));
 }
 
 bool CommandLine::WantsVersion() const {

@@ -112,7 +112,7 @@ QGroupBox* MainWindow::BuildConnectionBox() {
     m_connectionForm->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
 
     m_kind = new QComboBox;
-    m_kind->addItems({tr("Simulated receiver"), tr("Serial port"), tr("TCP/IP")});
+    m_kind->addItems({tr("Simulated receiver"), tr("Serial port"), tr("Network (TCP)")});
 
     m_profile = new QComboBox;
     for (const rxsim::Profile& profile : m_connection.Model().Profiles())
@@ -147,7 +147,7 @@ QGroupBox* MainWindow::BuildConnectionBox() {
     m_stateMark = new QLabel;
     m_state = OutsideText();
 
-    m_connectionForm->addRow(tr("Receiver:"), m_kind);
+    m_connectionForm->addRow(tr("Connect to:"), m_kind);
     m_connectionForm->addRow(tr("Model:"), m_profile);
     m_connectionForm->addRow(tr("Port:"), m_serialPort);
     m_connectionForm->addRow(tr("Speed:"), Row({m_serialRate, m_rtsCts}, 1));

@@ -26,7 +26,6 @@ public:
     void ShowTarget(const ReceiverTarget& target);
     // Fills the connection fields with `target` and connects to it.
     void ConnectTo(const ReceiverTarget& target);
-    Connection& GetConnection() { return m_connection; }
 
 public slots:
     void ShowAbout();

@@ -29,9 +29,9 @@ std::shared_ptr<const rxsim::CModel> SmallModel() {
     return model;
 }
 
-// Turns the event loop until `done` or a few seconds have passed.
-bool WaitFor(const std::function<bool()>& done) {
-    for (int i = 0; i < 300 && !done(); ++i) {
+// Turns the event loop until `done` or `ms` have passed.
+bool WaitFor(const std::function<bool()>& done, int ms = 3000) {
+    for (int i = 0; i < ms / 10 && !done(); ++i) {
         QEventLoop loop;
         QTimer::singleShot(10, &loop, &QEventLoop::quit);
         loop.exec();
@@ -168,7 +168,7 @@ TEST(ConnectionTest, EveryOpenedPortIsClosedOnce) {
              rig.connection->Open(rig.Tcp());
              rig.connection->Close();
              // Nothing of the cancelled attempt comes back.
-             WaitFor([&] { return rig.connection->State() != EState::Closed; });
+             WaitFor([&] { return rig.connection->State() != EState::Closed; }, 200);
          },
          EState::Closed, false, 1, 1, 0},
         {"tcp, window closed while connecting",
