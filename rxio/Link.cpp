@@ -89,10 +89,7 @@ CTcpLinkAttempt::CTcpLinkAttempt(const QString& host, quint16 port, int timeoutM
     connect(m_socket.get(), &QAbstractSocket::errorOccurred, this,
             [this] { Fail(m_socket->errorString()); });
     m_timeout.setSingleShot(true);
-    connect(&m_timeout, &QTimer::timeout, this, [this] {
-        m_socket->abort();
-        Fail(tr("no answer"));
-    });
+    connect(&m_timeout, &QTimer::timeout, this, [this] { Fail(tr("no answer")); });
     // Started from the event loop, so that even an error the socket reports at once reaches a
     // caller who connects to the signals after construction.
     QMetaObject::invokeMethod(
@@ -119,6 +116,7 @@ std::unique_ptr<CLink> CTcpLinkAttempt::TakeLink() {
 void CTcpLinkAttempt::Fail(const QString& reason) {
     m_timeout.stop();
     m_socket->disconnect(this);
+    m_socket->abort();
     emit failed(TcpError(m_host, m_port, reason));
 }
 

@@ -70,6 +70,7 @@ private:
     std::unique_ptr<QTcpSocket> m_socket;
     QTimer m_timeout;
 };
+
 // Wraps one end of an in-process pipe (see Pipe.h).
 RXIO_EXPORT LinkResult OpenInProcessLink(std::unique_ptr<QIODevice> end, const QString& name);
 
