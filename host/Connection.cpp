@@ -5,122 +5,127 @@
 #include "lib/PellLib.h"
 #include "rxio/Pipe.h"
 
-#include <QUrl>
 #include <stdexcept>
 
 namespace dorrit {
 
-std::optional<ReceiverTarget> ReceiverTarget::FromSerial(const QString& text) {
-    const QString device = text.section(QLatin1Char('@'), 0, 0);
-    bool ok = true;
-    const int rate =
-        text.contains(QLatin1Char('@')) ? text.section(QLatin1Char('@'), 1).toInt(&ok) : 115200;
-    if (device.isEmpty() || !ok || rate <= 0)
-        return std::nullopt;
-    return ReceiverTarget{Serial, device, rate};
+namespace {
+
+// Long enough for a slow radio link; the user can cancel sooner.
+constexpr int kTcpTimeoutMs = 15000;
+
+} // namespace
+
+PortHooks PortHooks::Library() {
+    return {&PreOpenPort, &PostClosePort};
 }
 
-std::optional<ReceiverTarget> ReceiverTarget::FromUrl(const QString& text) {
-    const QUrl url(text);
-    if (url.scheme() != QLatin1String("tcp") || url.host().isEmpty() || url.port() <= 0)
-        return std::nullopt;
-    return ReceiverTarget{Tcp, url.host(), url.port()};
-}
-
-QString ReceiverTarget::Describe() const {
-    switch (kind) {
-    case Simulator:
-        return QObject::tr("simulated receiver (%1)").arg(name);
-    case Serial:
-        return QObject::tr("%1 at %2 baud").arg(name).arg(number);
-    case Tcp:
-        return QStringLiteral("%1:%2").arg(name).arg(number);
-    }
-    return {};
-}
-
-Connection::Connection()
-    : m_model(std::make_shared<const rxsim::CModel>(
-          rxsim::CModel::Load(rxsim::CModel::DefaultFile()))) {}
+Connection::Connection(std::shared_ptr<const rxsim::CModel> model, PortHooks hooks)
+    : m_model(std::move(model)), m_hooks(std::move(hooks)) {}
 
 Connection::~Connection() {
-    Close();
+    TearDown();
 }
 
-QStringList Connection::SimulatorProfiles() const {
-    QStringList names;
-    for (const rxsim::Profile& p : m_model->Profiles())
-        names << p.name;
-    return names;
-}
-
-bool Connection::Open(const ReceiverTarget& requested, QString& error) {
-    Close();
-    ReceiverTarget target = requested;
-    if (target.kind == ReceiverTarget::Simulator && target.name.isEmpty())
-        target.name = m_model->Profiles().front().name;
-    static const rxio::EPortType types[] = {rxio::EPortType::InProcess,
-                                            rxio::EPortType::LocalSerial, rxio::EPortType::Tcp};
-    const QString portName =
-        target.kind == ReceiverTarget::Serial ? target.name : target.Describe();
-    auto address = std::make_shared<rxio::CPortAddr>(types[target.kind], portName);
-    if (!PreOpenPort(address)) {
-        error = tr("Opening %1 was refused.").arg(target.Describe());
-        return false;
+void Connection::Open(const ReceiverTarget& target) {
+    TearDown();
+    m_identity = {};
+    m_target = target;
+    if (m_target.kind == ReceiverTarget::Simulator && m_target.name.isEmpty())
+        m_target.name = m_model->Profiles().front().name;
+    const auto address = m_target.PortAddress();
+    if (!m_hooks.preOpen(address)) {
+        SetState(EState::Closed, tr("Opening %1 was refused.").arg(m_target.Describe()));
+        return;
     }
-    rxio::LinkResult opened;
-    switch (target.kind) {
+    m_openPort = address;
+    switch (m_target.kind) {
     case ReceiverTarget::Simulator:
         try {
-            m_simulator = std::make_unique<rxsim::CSimulator>(m_model, target.name);
+            m_simulator = std::make_unique<rxsim::CSimulator>(m_model, m_target.name);
         } catch (const std::exception& e) {
-            opened.error = QString::fromUtf8(e.what());
-            break;
+            Fail(QString::fromUtf8(e.what()));
+            return;
         }
         {
             auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
             m_simulatorEnd = std::move(theirs);
             m_simulator->Serve(m_simulatorEnd.get());
-            opened = rxio::OpenInProcessLink(std::move(mine), portName);
+            Attach(rxio::OpenInProcessLink(std::move(mine), address->GetName()).link);
         }
-        break;
-    case ReceiverTarget::Serial:
-        opened = rxio::OpenSerialLink(target.name, target.number, false);
-        break;
+        return;
+    case ReceiverTarget::Serial: {
+        rxio::LinkResult opened =
+            rxio::OpenSerialLink(m_target.name, m_target.number, m_target.rtsCts);
+        if (opened.link)
+            Attach(std::move(opened.link));
+        else
+            Fail(opened.error);
+        return;
+    }
     case ReceiverTarget::Tcp:
-        opened = rxio::OpenTcpLink(target.name, static_cast<quint16>(target.number), 5000);
-        break;
+        m_attempt = std::make_unique<rxio::CTcpLinkAttempt>(
+            m_target.name, static_cast<quint16>(m_target.number), kTcpTimeoutMs);
+        // The attempt is in the middle of a signal: it goes once that is over.
+        connect(m_attempt.get(), &rxio::CTcpLinkAttempt::connected, this, [this] {
+            std::unique_ptr<rxio::CLink> link = m_attempt->TakeLink();
+            m_attempt.release()->deleteLater();
+            Attach(std::move(link));
+        });
+        connect(m_attempt.get(), &rxio::CTcpLinkAttempt::failed, this,
+                [this](const QString& error) {
+                    m_attempt.release()->deleteLater();
+                    Fail(error);
+                });
+        SetState(EState::Connecting);
+        return;
     }
-    if (!opened.link) {
-        error = opened.error;
-        PostClosePort(address);
-        return false;
-    }
-    m_openPort = address;
-    m_receiver = rxio::CReceiverConnection::Create(std::move(opened.link));
-    connect(m_receiver.get(), &rxio::CReceiverConnection::identified, this,
-            &Connection::identified);
-    connect(m_receiver.get(), &rxio::CReceiverConnection::connectionLost, this,
-            [this](const QString& reason) {
-                ReleasePort();
-                emit lost(reason);
-            });
-    m_receiver->Identify();
-    return true;
 }
 
 void Connection::Close() {
+    TearDown();
+    m_identity = {};
+    SetState(EState::Closed);
+}
+
+void Connection::Attach(std::unique_ptr<rxio::CLink> link) {
+    m_receiver = rxio::CReceiverConnection::Create(std::move(link));
+    connect(m_receiver.get(), &rxio::CReceiverConnection::identified, this,
+            [this](const rxio::ReceiverIdentity& identity) {
+                m_identity = identity;
+                emit identified();
+            });
+    connect(m_receiver.get(), &rxio::CReceiverConnection::connectionLost, this,
+            [this](const QString& reason) {
+                // The receiver object stays until the next Open or Close: it is the sender.
+                if (m_openPort)
+                    m_hooks.postClose(std::exchange(m_openPort, nullptr));
+                SetState(EState::Lost, reason);
+            });
+    SetState(EState::Connected);
+    m_receiver->Identify();
+}
+
+void Connection::Fail(const QString& error) {
+    TearDown();
+    SetState(EState::Closed, error);
+}
+
+void Connection::TearDown() {
+    m_attempt.reset();
     if (m_receiver)
         m_receiver->Disconnect();
-    ReleasePort();
     m_receiver.reset();
     m_simulatorEnd.reset();
     m_simulator.reset();
+    if (m_openPort)
+        m_hooks.postClose(std::exchange(m_openPort, nullptr));
 }
 
-void Connection::ReleasePort() {
-    if (m_openPort)
-        PostClosePort(std::exchange(m_openPort, nullptr));
+void Connection::SetState(EState state, const QString& message) {
+    m_state = state;
+    m_message = message;
+    emit stateChanged();
 }
 
 } // namespace dorrit

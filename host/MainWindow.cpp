@@ -2,8 +2,10 @@
 
 #include "AboutDialog.h"
 #include "AppIcon.h"
+#include "Model.h"
 #include "lib/PellLibDoc.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -11,12 +13,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QSerialPortInfo>
 #include <QSpinBox>
-#include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace dorrit {
@@ -25,28 +26,74 @@ namespace {
 
 const QString kNone = QStringLiteral("—");
 
-QWidget* Row(std::initializer_list<QWidget*> widgets) {
+// Rows of the connection form shown for each kind of receiver target, after the kind itself.
+enum ERow { KindRow, ProfileRow, SerialPortRow, SerialRateRow, AddressRow, StateRow };
+
+QWidget* Row(std::initializer_list<QWidget*> widgets, int stretchIndex = -1) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
+    int index = 0;
     for (QWidget* w : widgets)
-        layout->addWidget(w);
+        layout->addWidget(w, index++ == stretchIndex ? 1 : 0);
     return row;
+}
+
+// Text that comes from outside (a receiver, a socket, the user) never widens the window and is
+// never read as markup.
+QLabel* OutsideText(const QString& text = {}) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    return label;
+}
+
+QPixmap StateMark(const QColor& color) {
+    const int size = 12;
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(color.darker(130), 1));
+    p.setBrush(color);
+    p.drawEllipse(QRectF(1.5, 1.5, size - 3, size - 3));
+    return pixmap;
 }
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+MainWindow::MainWindow(std::shared_ptr<const rxsim::CModel> model, QWidget* parent)
+    : QMainWindow(parent), m_connection(std::move(model)) {
     setWindowTitle(CPellLibDoc::GetShortApplicationName(true));
     setWindowIcon(AppIcon());
     BuildMenus();
-    BuildConnectionBar();
-    setCentralWidget(BuildReceiverPanel());
+
+    auto* panel = new QWidget;
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(18, 16, 18, 16);
+    layout->setSpacing(14);
+    auto* heading = new QHBoxLayout;
+    auto* mark = new QLabel;
+    mark->setPixmap(AppMark(48));
+    auto* title = new QLabel(QStringLiteral("<b style='font-size:15pt'>%1</b><br>%2")
+                                 .arg(CPellLibDoc::GetShortApplicationName(true).toHtmlEscaped(),
+                                      tr("GNSS receiver configuration and monitoring")));
+    title->setWordWrap(true);
+    heading->addWidget(mark);
+    heading->addSpacing(8);
+    heading->addWidget(title, 1);
+    layout->addLayout(heading);
+    layout->addWidget(BuildConnectionBox());
+    layout->addWidget(BuildReceiverBox());
+    layout->addStretch();
+    setCentralWidget(panel);
+
     statusBar()->showMessage(CPellLibDoc::GetApplicationVersion(true));
-    resize(860, 500);
+    resize(760, 560);
+    connect(&m_connection, &Connection::stateChanged, this, &MainWindow::OnStateChanged);
     connect(&m_connection, &Connection::identified, this, &MainWindow::OnIdentified);
-    connect(&m_connection, &Connection::lost, this, &MainWindow::OnLost);
-    ShowState(tr("No receiver connected"), false);
+    OnStateChanged();
 }
 
 void MainWindow::BuildMenus() {
@@ -59,124 +106,178 @@ void MainWindow::BuildMenus() {
                     &MainWindow::ShowAbout);
 }
 
-void MainWindow::BuildConnectionBar() {
-    m_connectionBar = addToolBar(tr("Connection"));
-    m_connectionBar->setObjectName(QStringLiteral("connectionBar"));
-    m_connectionBar->setMovable(false);
+QGroupBox* MainWindow::BuildConnectionBox() {
+    auto* box = new QGroupBox(tr("Connection"));
+    m_connectionForm = new QFormLayout(box);
+    m_connectionForm->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
 
     m_kind = new QComboBox;
-    m_kind->addItems({tr("Simulated receiver"), tr("Serial port"), tr("TCP")});
+    m_kind->addItems({tr("Simulated receiver"), tr("Serial port"), tr("Network (TCP)")});
 
     m_profile = new QComboBox;
-    m_profile->addItems(m_connection.SimulatorProfiles());
+    for (const rxsim::Profile& profile : m_connection.Model().Profiles())
+        m_profile->addItem(QStringLiteral("%1 (%2)").arg(profile.model, profile.name),
+                           profile.name);
 
     m_serialPort = new QComboBox;
     m_serialPort->setEditable(true);
-    m_serialPort->setMinimumContentsLength(14);
+    m_serialPort->setMinimumContentsLength(12);
+    m_serialPort->lineEdit()->setPlaceholderText(QStringLiteral("/dev/ttyUSB0"));
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
         m_serialPort->addItem(info.systemLocation());
     m_serialRate = new QComboBox;
     for (int rate : {9600, 19200, 38400, 57600, 115200, 230400, 460800, 921600})
         m_serialRate->addItem(QString::number(rate), rate);
     m_serialRate->setCurrentText(QStringLiteral("115200"));
+    m_rtsCts = new QCheckBox(tr("RTS/CTS flow control"));
 
     m_host = new QLineEdit(QStringLiteral("127.0.0.1"));
-    m_host->setMinimumWidth(140);
+    m_host->setPlaceholderText(tr("host name or IP address"));
     m_tcpPort = new QSpinBox;
     m_tcpPort->setRange(1, 65535);
     m_tcpPort->setValue(8002);
 
-    m_targets = new QStackedWidget;
-    m_targets->addWidget(Row({m_profile}));
-    m_targets->addWidget(Row({m_serialPort, m_serialRate}));
-    m_targets->addWidget(Row({m_host, new QLabel(QStringLiteral(":")), m_tcpPort}));
-    connect(m_kind, &QComboBox::currentIndexChanged, m_targets, &QStackedWidget::setCurrentIndex);
-
-    m_connect = new QPushButton(tr("Connect"));
+    m_connect = new QPushButton;
+    int buttonWidth = 0;
+    for (const QString& text : {tr("Connect"), tr("Cancel"), tr("Disconnect"), tr("Reconnect")})
+        buttonWidth = std::max(buttonWidth, m_connect->fontMetrics().horizontalAdvance(text));
+    m_connect->setMinimumWidth(buttonWidth + 32);
+    m_connect->setDefault(true);
     connect(m_connect, &QPushButton::clicked, this, &MainWindow::OnConnectClicked);
-    m_connectionState = new QLabel;
-    m_connectionState->setContentsMargins(10, 0, 6, 0);
+    m_stateMark = new QLabel;
+    m_state = OutsideText();
 
-    m_connectionBar->addWidget(Row({m_kind, m_targets, m_connect, m_connectionState}));
+    m_connectionForm->addRow(tr("Connect to:"), m_kind);
+    m_connectionForm->addRow(tr("Model:"), m_profile);
+    m_connectionForm->addRow(tr("Port:"), m_serialPort);
+    m_connectionForm->addRow(tr("Speed:"), Row({m_serialRate, m_rtsCts}, 1));
+    m_connectionForm->addRow(tr("Address:"),
+                             Row({m_host, new QLabel(QStringLiteral(":")), m_tcpPort}, 0));
+    m_connectionForm->addRow(Row({m_stateMark, m_state, m_connect}, 1));
+    connect(m_kind, &QComboBox::currentIndexChanged, this, &MainWindow::ShowKind);
+    ShowKind(ReceiverTarget::Simulator);
+    return box;
 }
 
-QWidget* MainWindow::BuildReceiverPanel() {
-    auto* panel = new QWidget;
-    auto* layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(24, 20, 24, 20);
-
-    auto* heading = new QHBoxLayout;
-    auto* mark = new QLabel;
-    mark->setPixmap(AppMark(64));
-    auto* title = new QLabel(QStringLiteral("<b style='font-size:16pt'>%1</b><br>%2")
-                                 .arg(CPellLibDoc::GetShortApplicationName(true).toHtmlEscaped(),
-                                      tr("GNSS receiver configuration and monitoring")));
-    heading->addWidget(mark);
-    heading->addSpacing(12);
-    heading->addWidget(title, 1);
-    layout->addLayout(heading);
-    layout->addSpacing(16);
-
-    auto* receiver = new QGroupBox(tr("Receiver"));
-    auto* form = new QFormLayout(receiver);
-    m_model = new QLabel(kNone);
-    m_firmware = new QLabel(kNone);
-    m_board = new QLabel(kNone);
-    m_serialNumber = new QLabel(kNone);
+QGroupBox* MainWindow::BuildReceiverBox() {
+    m_receiver = new QGroupBox(tr("Receiver"));
+    auto* form = new QFormLayout(m_receiver);
+    m_model = OutsideText(kNone);
+    m_firmware = OutsideText(kNone);
+    m_board = OutsideText(kNone);
+    m_serialNumber = OutsideText(kNone);
     for (QLabel* label : {m_model, m_firmware, m_board, m_serialNumber})
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     form->addRow(tr("Model:"), m_model);
     form->addRow(tr("Firmware:"), m_firmware);
     form->addRow(tr("Board:"), m_board);
     form->addRow(tr("Serial number:"), m_serialNumber);
-    layout->addWidget(receiver);
-    layout->addStretch();
-    return panel;
+    return m_receiver;
 }
 
-ReceiverTarget MainWindow::TargetFromBar() const {
+void MainWindow::ShowKind(int kind) {
+    m_connectionForm->setRowVisible(ProfileRow, kind == ReceiverTarget::Simulator);
+    m_connectionForm->setRowVisible(SerialPortRow, kind == ReceiverTarget::Serial);
+    m_connectionForm->setRowVisible(SerialRateRow, kind == ReceiverTarget::Serial);
+    m_connectionForm->setRowVisible(AddressRow, kind == ReceiverTarget::Tcp);
+}
+
+ReceiverTarget MainWindow::TargetFromFields() const {
     switch (m_kind->currentIndex()) {
     case ReceiverTarget::Serial:
-        return {ReceiverTarget::Serial, m_serialPort->currentText(),
-                m_serialRate->currentData().toInt()};
+        return {ReceiverTarget::Serial, m_serialPort->currentText().trimmed(),
+                m_serialRate->currentData().toInt(), m_rtsCts->isChecked()};
     case ReceiverTarget::Tcp:
-        return {ReceiverTarget::Tcp, m_host->text().trimmed(), m_tcpPort->value()};
+        return {ReceiverTarget::Tcp, m_host->text().trimmed(), m_tcpPort->value(), false};
     default:
-        return {ReceiverTarget::Simulator, m_profile->currentText(), 0};
+        return {ReceiverTarget::Simulator, m_profile->currentData().toString(), 0, false};
     }
 }
 
 void MainWindow::ConnectTo(const ReceiverTarget& target) {
+    ShowTarget(target);
+    m_connection.Open(target);
+}
+
+void MainWindow::ShowTarget(const ReceiverTarget& target) {
     m_kind->setCurrentIndex(target.kind);
-    if (target.kind == ReceiverTarget::Simulator && !target.name.isEmpty())
-        m_profile->setCurrentText(target.name);
-    else if (target.kind == ReceiverTarget::Serial) {
+    switch (target.kind) {
+    case ReceiverTarget::Simulator:
+        if (const int index = m_profile->findData(target.name); index >= 0)
+            m_profile->setCurrentIndex(index);
+        break;
+    case ReceiverTarget::Serial:
         m_serialPort->setCurrentText(target.name);
-        m_serialRate->setCurrentText(QString::number(target.number));
-    } else if (target.kind == ReceiverTarget::Tcp) {
+        if (m_serialRate->findData(target.number) < 0)
+            m_serialRate->addItem(QString::number(target.number), target.number);
+        m_serialRate->setCurrentIndex(m_serialRate->findData(target.number));
+        m_rtsCts->setChecked(target.rtsCts);
+        break;
+    case ReceiverTarget::Tcp:
         m_host->setText(target.name);
         m_tcpPort->setValue(target.number);
+        break;
     }
-    OnConnectClicked();
 }
 
 void MainWindow::OnConnectClicked() {
-    if (m_connection.IsOpen()) {
+    switch (m_connection.State()) {
+    case Connection::EState::Connecting:
+    case Connection::EState::Connected:
         m_connection.Close();
-        OnIdentified({});
-        ShowState(tr("Disconnected"), false);
-        return;
+        break;
+    case Connection::EState::Closed:
+    case Connection::EState::Lost:
+        m_connection.Open(TargetFromFields());
+        break;
     }
-    const ReceiverTarget target = TargetFromBar();
-    QString error;
-    if (!m_connection.Open(target, error)) {
-        ShowState(error, false);
-        return;
-    }
-    ShowState(tr("Connected to %1").arg(target.Describe()), true);
 }
 
-void MainWindow::OnIdentified(const rxio::ReceiverIdentity& identity) {
+void MainWindow::OnStateChanged() {
+    using EState = Connection::EState;
+    const EState state = m_connection.State();
+    const QString target = m_connection.Target().Describe();
+    QString text;
+    QColor mark(0x9a, 0x9a, 0x9a);
+    const QColor bad(0xc6, 0x3b, 0x2f);
+    switch (state) {
+    case EState::Closed:
+        text = m_connection.Message().isEmpty() ? tr("Not connected.") : m_connection.Message();
+        if (!m_connection.Message().isEmpty())
+            mark = bad;
+        m_connect->setText(tr("Connect"));
+        break;
+    case EState::Connecting:
+        text = tr("Connecting to %1…").arg(target);
+        mark = QColor(0xe0, 0xa1, 0x1b);
+        m_connect->setText(tr("Cancel"));
+        break;
+    case EState::Connected:
+        text = tr("Connected to %1.").arg(target);
+        mark = QColor(0x2e, 0x9d, 0x4f);
+        m_connect->setText(tr("Disconnect"));
+        break;
+    case EState::Lost:
+        text = tr("Connection lost. %1").arg(m_connection.Message());
+        mark = bad;
+        m_connect->setText(tr("Reconnect"));
+        break;
+    }
+    m_state->setText(text);
+    m_state->setToolTip(text);
+    m_stateMark->setPixmap(StateMark(mark));
+
+    const bool editable = state == EState::Closed || state == EState::Lost;
+    for (int row = KindRow; row < StateRow; ++row)
+        m_connectionForm->itemAt(row, QFormLayout::FieldRole)->widget()->setEnabled(editable);
+    // The identity after a loss is the receiver that was there, not one that is.
+    m_receiver->setEnabled(state != EState::Lost);
+    m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
+    OnIdentified();
+}
+
+void MainWindow::OnIdentified() {
+    const rxio::ReceiverIdentity& identity = m_connection.Identity();
     auto show = [](QLabel* label, const QString& text) {
         label->setText(text.isEmpty() ? kNone : text);
     };
@@ -184,18 +285,6 @@ void MainWindow::OnIdentified(const rxio::ReceiverIdentity& identity) {
     show(m_firmware, identity.firmware);
     show(m_board, identity.board);
     show(m_serialNumber, identity.serialNumber);
-}
-
-void MainWindow::OnLost(const QString& reason) {
-    ShowState(tr("Connection lost: %1").arg(reason), false);
-    m_connect->setText(tr("Reconnect"));
-}
-
-void MainWindow::ShowState(const QString& text, bool connected) {
-    m_connectionState->setText(text);
-    m_connect->setText(connected ? tr("Disconnect") : tr("Connect"));
-    for (QWidget* w : {static_cast<QWidget*>(m_kind), static_cast<QWidget*>(m_targets)})
-        w->setEnabled(!connected);
 }
 
 void MainWindow::ShowAbout() {

@@ -4,24 +4,27 @@
 
 #include <QMainWindow>
 
+class QCheckBox;
 class QComboBox;
+class QFormLayout;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
-class QStackedWidget;
-class QToolBar;
 
 namespace dorrit {
 
-// The host's window: menus that open the library's windows, the connection bar and the
-// connected receiver's identity.
+// The host's window: the connection, the connected receiver's identity, and menus that open the
+// library's windows. It only shows the Connection's state.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 public:
-    explicit MainWindow(QWidget* parent = nullptr);
+    explicit MainWindow(std::shared_ptr<const rxsim::CModel> model, QWidget* parent = nullptr);
 
-    // Fills the connection bar with `target` and connects to it.
+    // Fills the connection fields with `target`.
+    void ShowTarget(const ReceiverTarget& target);
+    // Fills the connection fields with `target` and connects to it.
     void ConnectTo(const ReceiverTarget& target);
 
 public slots:
@@ -29,25 +32,27 @@ public slots:
 
 private:
     void BuildMenus();
-    void BuildConnectionBar();
-    QWidget* BuildReceiverPanel();
+    QGroupBox* BuildConnectionBox();
+    QGroupBox* BuildReceiverBox();
+    void ShowKind(int kind);
     void OnConnectClicked();
-    void OnIdentified(const rxio::ReceiverIdentity& identity);
-    void OnLost(const QString& reason);
-    void ShowState(const QString& text, bool connected);
-    ReceiverTarget TargetFromBar() const;
+    void OnStateChanged();
+    void OnIdentified();
+    ReceiverTarget TargetFromFields() const;
 
     Connection m_connection;
-    QToolBar* m_connectionBar = nullptr;
+    QFormLayout* m_connectionForm = nullptr;
     QComboBox* m_kind = nullptr;
-    QStackedWidget* m_targets = nullptr;
     QComboBox* m_profile = nullptr;
     QComboBox* m_serialPort = nullptr;
     QComboBox* m_serialRate = nullptr;
+    QCheckBox* m_rtsCts = nullptr;
     QLineEdit* m_host = nullptr;
     QSpinBox* m_tcpPort = nullptr;
     QPushButton* m_connect = nullptr;
-    QLabel* m_connectionState = nullptr;
+    QLabel* m_stateMark = nullptr;
+    QLabel* m_state = nullptr;
+    QGroupBox* m_receiver = nullptr;
     QLabel* m_model = nullptr;
     QLabel* m_firmware = nullptr;
     QLabel* m_board = nullptr;

@@ -2,10 +2,14 @@
 
 #include "AboutDialog.h"
 #include "MainWindow.h"
+#include "Model.h"
+#include "Simulator.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTextStream>
 #include <QTimer>
 #include <QWidget>
@@ -14,6 +18,9 @@ namespace dorrit {
 
 namespace {
 
+const QSize kHandheld(480, 640);
+const QSize kDesktop(760, 560);
+
 // Lets replies that are on their way (the receiver's identity) arrive first.
 void Settle() {
     QEventLoop loop;
@@ -21,30 +28,74 @@ void Settle() {
     loop.exec();
 }
 
-bool Save(QWidget& widget, const QDir& folder, const QString& name) {
-    widget.show();
-    Settle();
-    const QString path = folder.filePath(name + QStringLiteral(".png"));
-    const bool saved = widget.grab().save(path);
-    QTextStream(saved ? stdout : stderr) << (saved ? "saved " : "could not save ") << path << '\n';
-    return saved;
-}
+class Shooter {
+public:
+    explicit Shooter(const QDir& folder) : m_folder(folder) {}
+
+    // Renders without turning the event loop: layouts follow the size, sockets wait.
+    void Save(QWidget& widget, const QString& name, QSize size = {}) {
+        if (size.isValid())
+            widget.resize(size);
+        widget.show();
+        QCoreApplication::sendPostedEvents();
+        const QString path = m_folder.filePath(name + QStringLiteral(".png"));
+        const bool saved = widget.grab().save(path);
+        QTextStream(saved ? stdout : stderr)
+            << (saved ? "saved " : "could not save ") << path << '\n';
+        m_failures += saved ? 0 : 1;
+    }
+    void SaveBothSizes(QWidget& widget, const QString& name) {
+        Save(widget, name, kDesktop);
+        Save(widget, name + QStringLiteral("-480x640"), kHandheld);
+    }
+    int Failures() const { return m_failures; }
+
+private:
+    QDir m_folder;
+    int m_failures = 0;
+};
 
 } // namespace
 
-int SaveScreenshots(MainWindow& window, const QString& folder) {
+int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& folder) {
     QDir dir(folder);
     if (!dir.mkpath(QStringLiteral("."))) {
         QTextStream(stderr) << "cannot create " << folder << '\n';
         return 1;
     }
-    int failures = 0;
-    failures += Save(window, dir, QStringLiteral("main-window")) ? 0 : 1;
+    Shooter shooter(dir);
+
+    // A simulated receiver behind a TCP port shows every state a real one goes through.
+    rxsim::CSimulator simulator(model, model->Profiles().front().name);
+    QTcpServer server;
+    std::unique_ptr<QTcpSocket> served;
+    QObject::connect(&server, &QTcpServer::newConnection, [&] {
+        served.reset(server.nextPendingConnection());
+        simulator.Serve(served.get());
+    });
+    if (!server.listen(QHostAddress::LocalHost)) {
+        QTextStream(stderr) << "cannot listen: " << server.errorString() << '\n';
+        return 1;
+    }
+
+    MainWindow window(model);
+    shooter.SaveBothSizes(window, QStringLiteral("main-window-not-connected"));
+    window.ShowTarget({ReceiverTarget::Serial, QStringLiteral("/dev/ttyUSB0"), 115200, true});
+    shooter.Save(window, QStringLiteral("main-window-serial-480x640"), kHandheld);
+    window.ConnectTo({ReceiverTarget::Tcp, QStringLiteral("127.0.0.1"), server.serverPort()});
+    shooter.SaveBothSizes(window, QStringLiteral("main-window-connecting"));
+    Settle();
+    shooter.SaveBothSizes(window, QStringLiteral("main-window"));
+    if (served)
+        served->abort();
+    Settle();
+    shooter.SaveBothSizes(window, QStringLiteral("main-window-lost"));
 
     AboutDialog about(&window);
-    failures += Save(about, dir, QStringLiteral("about")) ? 0 : 1;
+    Settle();
+    shooter.Save(about, QStringLiteral("about"));
     about.close();
-    return failures;
+    return shooter.Failures();
 }
 
 } // namespace dorrit

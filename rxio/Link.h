@@ -6,7 +6,10 @@
 #include <QIODevice>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <memory>
+
+class QTcpSocket;
 
 namespace rxio {
 
@@ -41,8 +44,33 @@ struct LinkResult {
 
 // Opens a serial port, 8 data bits, no parity, one stop bit.
 RXIO_EXPORT LinkResult OpenSerialLink(const QString& device, qint32 rate, bool rtsCts);
-// Connects to HOST:PORT, waiting at most `timeoutMs`.
+// Connects to HOST:PORT, blocking for at most `timeoutMs`; for tools and tests without a window.
 RXIO_EXPORT LinkResult OpenTcpLink(const QString& host, quint16 port, int timeoutMs);
+
+// Connects to HOST:PORT without blocking: once the event loop has run, exactly one of
+// `connected` or `failed` follows, unless the attempt is destroyed first, which cancels it.
+class RXIO_EXPORT CTcpLinkAttempt final : public QObject {
+    Q_OBJECT
+public:
+    CTcpLinkAttempt(const QString& host, quint16 port, int timeoutMs);
+    ~CTcpLinkAttempt() override;
+
+    // The link after `connected`; null before, and after the first call.
+    std::unique_ptr<CLink> TakeLink();
+
+signals:
+    void connected();
+    void failed(const QString& error);
+
+private:
+    void Fail(const QString& reason);
+
+    QString m_host;
+    quint16 m_port;
+    std::unique_ptr<QTcpSocket> m_socket;
+    QTimer m_timeout;
+};
+
 // Wraps one end of an in-process pipe (see Pipe.h).
 RXIO_EXPORT LinkResult OpenInProcessLink(std::unique_ptr<QIODevice> end, const QString& name);
 
