@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QLocale>
 #include <QXmlStreamReader>
+#include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
@@ -15,6 +16,14 @@
 namespace {
 
 constexpr double kRadPerDeg = std::numbers::pi / 180.0;
+
+// ctest runs every test under a German locale, so that a decimal comma or a German text that leaks
+// into a command or a file fails the test that sees it. Qt and the C library must both have it.
+TEST(TestEnvironment, IsGerman) {
+    EXPECT_EQ(QLocale::system().uiLanguages().value(0).toStdString(), "de-DE");
+    EXPECT_STREQ(std::localeconv()->decimal_point, ",")
+        << "de_DE.UTF-8 is not generated (scripts/setup), or LC_ALL did not reach the test";
+}
 
 // Every test here runs in English unless it says otherwise.
 class TextsTest : public testing::Test {
