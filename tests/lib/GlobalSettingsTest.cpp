@@ -33,31 +33,30 @@ public:
     std::vector<QString> log;           // "read key\name", "write key\name", "flush"
 
     std::optional<std::uint32_t> ReadDword(const QString& key, const QString& name) override {
-        log.push_back(QStringLiteral("read ") + Path(key, name));
-        const auto it = values.find(Path(key, name));
-        if (it == values.end())
-            return std::nullopt;
-        return it->second.toUInt();
+        const auto value = Read(key, name);
+        return value ? std::optional(value->toUInt()) : std::nullopt;
     }
     std::optional<QString> ReadString(const QString& key, const QString& name) override {
-        log.push_back(QStringLiteral("read ") + Path(key, name));
-        const auto it = values.find(Path(key, name));
-        if (it == values.end())
-            return std::nullopt;
-        return it->second.toString();
+        const auto value = Read(key, name);
+        return value ? std::optional(value->toString()) : std::nullopt;
     }
     void WriteDword(const QString& key, const QString& name, std::uint32_t value) override {
-        log.push_back(QStringLiteral("write ") + Path(key, name));
-        values[Path(key, name)] = value;
+        Write(key, name, value);
     }
     void WriteString(const QString& key, const QString& name, const QString& value) override {
-        log.push_back(QStringLiteral("write ") + Path(key, name));
-        values[Path(key, name)] = value;
+        Write(key, name, value);
     }
     void Flush() override { log.push_back(QStringLiteral("flush")); }
 
-    static QString Path(const QString& key, const QString& name) {
-        return key + QLatin1Char('\\') + name;
+private:
+    std::optional<QVariant> Read(const QString& key, const QString& name) {
+        log.push_back(QStringLiteral("read ") + key + QLatin1Char('\\') + name);
+        const auto it = values.find(key + QLatin1Char('\\') + name);
+        return it == values.end() ? std::nullopt : std::optional(it->second);
+    }
+    void Write(const QString& key, const QString& name, const QVariant& value) {
+        log.push_back(QStringLiteral("write ") + key + QLatin1Char('\\') + name);
+        values[key + QLatin1Char('\\') + name] = value;
     }
 };
 
@@ -79,45 +78,50 @@ std::vector<QString> Filter(const std::vector<QString>& log, const QString& pref
     return out;
 }
 
-TEST_F(GlobalSettingsTest, DefaultsWhenNothingIsStored) {
+TEST_F(GlobalSettingsTest, LoadsAndSavesInOrder) {
+    std::vector<QString> names;
+    for (const char* name :
+         {"General\\AppMode", "General\\CoordSystem", "General\\HelpDisplayingMode",
+          "General\\ModemAutodetection", "General\\ReceiverCache", "General\\Torvel_Settings"})
+        names.push_back(QStringLiteral("GlobalSettings\\") + QLatin1String(name));
+    for (const char* name : {"AutoSend", "SiteName", "Description", "AntennaType", "AntennaHeight",
+                             "Slant", "Dynamics"})
+        names.push_back(QStringLiteral("GlobalSettings\\SiteParameters\\") + QLatin1String(name));
+    for (int type = 0; type < 19; ++type)
+        names.push_back(QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(type));
+    for (const char* name : {"EnableAutoScalingUI", "ManualScalingRatioUI", "SuppressTabletMode"})
+        names.push_back(QStringLiteral("GlobalSettings\\General\\") + QLatin1String(name));
+
     auto settings = GlobalSettingsTestAccess::Make(store);
+    EXPECT_THAT(Filter(store->log, QStringLiteral("read ")), ElementsAreArray(names));
+    settings->SetFtpPort(7, 2121);
+    settings->SetDTPBlockSize(1024);
+    store->log.clear();
+    settings.reset();
+    // Tablet mode is only ever written by its setter; FTP ports and DTP values never.
+    names.pop_back();
+    EXPECT_THAT(Filter(store->log, QStringLiteral("write ")), ElementsAreArray(names));
+}
+
+// Nothing stored, or words another program left unreadable, read as the defaults.
+TEST_F(GlobalSettingsTest, MissingOrUnreadableValuesReadAsDefaults) {
+    {
+        QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
+        raw.setValue("GlobalSettings/General/Torvel_Settings", "garbage");
+        raw.setValue("GlobalSettings/General/AppMode", "-5");
+        raw.setValue("GlobalSettings/SolutionsColors/Color#4", "99999999999");
+    }
+    auto settings = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
+    EXPECT_EQ(settings->GetTorvelSettings().flags, 0x09u);
     EXPECT_EQ(settings->GetApplicationMode(), 1u);
-    EXPECT_EQ(settings->GetCoordSystem(), CoordSystemGeodetic);
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType::RtkFloat), 0xFF0000u);
     EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
     EXPECT_TRUE(settings->GetModemAutodetection());
-    EXPECT_FALSE(settings->GetReceiverCacheUse());
-    EXPECT_EQ(settings->GetTorvelSettings().flags, 0x09u);
-    const SiteParameters site = settings->GetSiteParameters();
-    EXPECT_TRUE(site.AutoSend);
-    EXPECT_TRUE(site.SiteName.isEmpty());
-    EXPECT_TRUE(site.Description.isEmpty());
-    EXPECT_TRUE(site.AntennaType.isEmpty());
-    EXPECT_EQ(site.AntennaHeight, 0.0F);
-    EXPECT_FALSE(site.Slant);
-    EXPECT_FALSE(site.Dynamics);
+    EXPECT_TRUE(settings->GetSiteParameters().AutoSend);
     EXPECT_EQ(settings->GetDTPTimeout(), 10u);
     EXPECT_EQ(settings->GetDTPBlockSize(), 512u);
     EXPECT_TRUE(settings->IsAutoScalingEnabled());
     EXPECT_DOUBLE_EQ(settings->GetManualScalingRatio(), 1.0);
-    EXPECT_FALSE(settings->IsTabletModeSuppressed());
-    EXPECT_EQ(settings->GetWindowPlacementKey(), QStringLiteral("WindowPlacement"));
-}
-
-TEST_F(GlobalSettingsTest, DefaultSolutionColoursCoverAllNineteenTypes) {
-    const std::map<int, pell::COLORREF> expected = {
-        {1, 0x0000FF},  {2, 0x4080FF},  {3, 0x00FF00},  {4, 0xFF0000},  {9, 0xFF8000},
-        {10, 0x004080}, {11, 0xFF0080}, {12, 0xFE00FE}, {13, 0xFF0000}, {14, 0x00FF00},
-    };
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    for (int type = 0; type < 19; ++type) {
-        const auto it = expected.find(type);
-        const pell::COLORREF want = it == expected.end() ? 0x808080 : it->second;
-        EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(type)), want) << "type " << type;
-    }
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(19)), 0x808080u);
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(-1)), 0x808080u);
-    settings->SetSolutionTypeColor(ESolutionType(25), 0x123456);
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(25)), 0x123456u);
 }
 
 TEST_F(GlobalSettingsTest, StoredColourOfAllOnesMeansBuiltIn) {
@@ -128,8 +132,8 @@ TEST_F(GlobalSettingsTest, StoredColourOfAllOnesMeansBuiltIn) {
     };
     const Case cases[] = {
         {1, 0xFFFFFFFF, 0x0000FF}, // cannot be kept: reads back as the default
-        {1, 0xFFFFFFFE, 0xFFFFFFFE}, {1, 0x00000000, 0x00000000},  {5, 0xFFFFFFFF, 0x808080},
-        {5, 0x00ABCDEF, 0x00ABCDEF}, {12, std::nullopt, 0xFE00FE},
+        {1, 0xFFFFFFFE, 0xFFFFFFFE}, {1, 0x00000000, 0x00000000},
+        {5, 0xFFFFFFFF, 0x808080},   {12, std::nullopt, 0xFE00FE},
     };
     for (const Case& c : cases) {
         auto fresh = std::make_shared<RecordingStore>();
@@ -140,61 +144,12 @@ TEST_F(GlobalSettingsTest, StoredColourOfAllOnesMeansBuiltIn) {
         EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(c.type)), c.loaded)
             << "type " << c.type;
     }
-}
-
-TEST_F(GlobalSettingsTest, LoadsInOrder) {
-    GlobalSettingsTestAccess::Make(store).reset();
-    std::vector<QString> expected = {
-        "GlobalSettings\\General\\AppMode",
-        "GlobalSettings\\General\\CoordSystem",
-        "GlobalSettings\\General\\HelpDisplayingMode",
-        "GlobalSettings\\General\\ModemAutodetection",
-        "GlobalSettings\\General\\ReceiverCache",
-        "GlobalSettings\\General\\Torvel_Settings",
-        "GlobalSettings\\SiteParameters\\AutoSend",
-        "GlobalSettings\\SiteParameters\\SiteName",
-        "GlobalSettings\\SiteParameters\\Description",
-        "GlobalSettings\\SiteParameters\\AntennaType",
-        "GlobalSettings\\SiteParameters\\AntennaHeight",
-        "GlobalSettings\\SiteParameters\\Slant",
-        "GlobalSettings\\SiteParameters\\Dynamics",
-    };
-    for (int type = 0; type < 19; ++type)
-        expected.push_back(QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(type));
-    expected.push_back("GlobalSettings\\General\\EnableAutoScalingUI");
-    expected.push_back("GlobalSettings\\General\\ManualScalingRatioUI");
-    expected.push_back("GlobalSettings\\General\\SuppressTabletMode");
-    EXPECT_THAT(Filter(store->log, QStringLiteral("read ")), ElementsAreArray(expected));
-}
-
-TEST_F(GlobalSettingsTest, SavesInOrderAndLeavesVolatileValuesOut) {
+    // Types the receiver may add later are grey until given a colour.
     auto settings = GlobalSettingsTestAccess::Make(store);
-    settings->SetFtpPort(7, 2121);
-    settings->SetDTPBlockSize(1024);
-    store->log.clear();
-    settings.reset();
-
-    std::vector<QString> expected = {
-        "GlobalSettings\\General\\AppMode",
-        "GlobalSettings\\General\\CoordSystem",
-        "GlobalSettings\\General\\HelpDisplayingMode",
-        "GlobalSettings\\General\\ModemAutodetection",
-        "GlobalSettings\\General\\ReceiverCache",
-        "GlobalSettings\\General\\Torvel_Settings",
-        "GlobalSettings\\SiteParameters\\AutoSend",
-        "GlobalSettings\\SiteParameters\\SiteName",
-        "GlobalSettings\\SiteParameters\\Description",
-        "GlobalSettings\\SiteParameters\\AntennaType",
-        "GlobalSettings\\SiteParameters\\AntennaHeight",
-        "GlobalSettings\\SiteParameters\\Slant",
-        "GlobalSettings\\SiteParameters\\Dynamics",
-    };
-    for (int type = 0; type < 19; ++type)
-        expected.push_back(QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(type));
-    expected.push_back("GlobalSettings\\General\\EnableAutoScalingUI");
-    expected.push_back("GlobalSettings\\General\\ManualScalingRatioUI");
-    // Tablet mode is only ever written by its setter; FTP ports and DTP values never.
-    EXPECT_THAT(Filter(store->log, QStringLiteral("write ")), ElementsAreArray(expected));
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(19)), 0x808080u);
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(-1)), 0x808080u);
+    settings->SetSolutionTypeColor(ESolutionType(25), 0x123456);
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(25)), 0x123456u);
 }
 
 TEST_F(GlobalSettingsTest, TabletModeIsWrittenAtOnce) {
@@ -214,10 +169,7 @@ TEST_F(GlobalSettingsTest, ScalingRatioIsStoredTruncatedToThousandths) {
         std::uint32_t stored;
         double reloaded;
     };
-    const Case cases[] = {
-        {1.2345, 1234, 1.234}, {1.0, 1000, 1.0}, {0.9999, 999, 0.999},
-        {2.5, 2500, 2.5},      {0.0, 0, 0.0},
-    };
+    const Case cases[] = {{1.2345, 1234, 1.234}, {0.9999, 999, 0.999}, {2.5, 2500, 2.5}};
     for (const Case& c : cases) {
         auto fresh = std::make_shared<RecordingStore>();
         auto settings = GlobalSettingsTestAccess::Make(fresh);
@@ -232,31 +184,36 @@ TEST_F(GlobalSettingsTest, ScalingRatioIsStoredTruncatedToThousandths) {
 
 TEST_F(GlobalSettingsTest, FtpPortsAreAVolatileMap) {
     auto settings = GlobalSettingsTestAccess::Make(store);
-    unsigned short port = 99;
-    EXPECT_FALSE(settings->GetFtpPort(1, port));
-    EXPECT_EQ(port, 0);
-
+    // The port read back; when there is none, the out value is cleared.
+    const auto port = [&](int device) -> std::optional<unsigned short> {
+        unsigned short value = 99;
+        if (settings->GetFtpPort(device, value))
+            return value;
+        EXPECT_EQ(value, 0);
+        return std::nullopt;
+    };
+    EXPECT_EQ(port(1), std::nullopt);
     settings->SetFtpPort(1, 21);
     settings->SetFtpPort(2, 2121);
     settings->SetFtpPort(1, 8021); // replaces
-    EXPECT_TRUE(settings->GetFtpPort(1, port));
-    EXPECT_EQ(port, 8021);
-
+    EXPECT_EQ(port(1), 8021);
     settings->SetFtpPort(1, 0); // removes
-    port = 99;
-    EXPECT_FALSE(settings->GetFtpPort(1, port));
-    EXPECT_EQ(port, 0);
-    EXPECT_TRUE(settings->GetFtpPort(2, port));
-    EXPECT_EQ(port, 2121);
-
+    EXPECT_EQ(port(1), std::nullopt);
+    EXPECT_EQ(port(2), 2121);
     settings->ResetVolatileSettings();
-    EXPECT_FALSE(settings->GetFtpPort(2, port));
-    EXPECT_EQ(port, 0);
+    EXPECT_EQ(port(2), std::nullopt);
 }
 
-TEST_F(GlobalSettingsTest, HelpModeCannotLeaveTheBrowser) {
+// Any non-zero word is true; help opens in the browser whatever was stored or set.
+TEST_F(GlobalSettingsTest, StoredWordsAreReadLeniently) {
+    store->values["GlobalSettings\\General\\ModemAutodetection"] = 0u;
+    store->values["GlobalSettings\\General\\ReceiverCache"] = 7u;
+    store->values["GlobalSettings\\SiteParameters\\Slant"] = 0xFFFFFFFFu;
     store->values["GlobalSettings\\General\\HelpDisplayingMode"] = 0u;
     auto settings = GlobalSettingsTestAccess::Make(store);
+    EXPECT_FALSE(settings->GetModemAutodetection());
+    EXPECT_TRUE(settings->GetReceiverCacheUse());
+    EXPECT_TRUE(settings->GetSiteParameters().Slant);
     EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
     settings->SetHelpDisplayingMode(EHelpDisplayingMode(0));
     EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
@@ -264,16 +221,7 @@ TEST_F(GlobalSettingsTest, HelpModeCannotLeaveTheBrowser) {
     EXPECT_EQ(store->values["GlobalSettings\\General\\HelpDisplayingMode"].toUInt(), 1u);
 }
 
-TEST_F(GlobalSettingsTest, AnyNonZeroWordIsTrue) {
-    store->values["GlobalSettings\\General\\ModemAutodetection"] = 0u;
-    store->values["GlobalSettings\\General\\ReceiverCache"] = 7u;
-    store->values["GlobalSettings\\SiteParameters\\Slant"] = 0xFFFFFFFFu;
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    EXPECT_FALSE(settings->GetModemAutodetection());
-    EXPECT_TRUE(settings->GetReceiverCacheUse());
-    EXPECT_TRUE(settings->GetSiteParameters().Slant);
-}
-
+// Written with a decimal point whatever the user's locale, and read back the same way.
 TEST_F(GlobalSettingsTest, AntennaHeightTextReadsAsANumber) {
     const std::pair<QString, float> cases[] = {
         {"1.500000", 1.5F}, {"2", 2.0F}, {"abc", 0.0F}, {"", 0.0F}, {"-0.25", -0.25F}};
@@ -298,10 +246,8 @@ TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesInQSettings) {
     site.AutoSend = false;
     site.SiteName = QStringLiteral("Hügel 7");
     site.Description = QStringLiteral("north \"corner\"");
-    site.AntennaType = QStringLiteral("ANT-2");
     site.AntennaHeight = 1.5F;
     site.Slant = true;
-    site.Dynamics = true;
     settings->SetSiteParameters(site);
     settings->SetSolutionTypeColor(ESolutionType::RtkFixed, 0x00112233);
     settings->SetManualScalingRatio(1.2345);
@@ -313,7 +259,6 @@ TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesInQSettings) {
     const std::pair<const char*, QVariant> expected[] = {
         {"GlobalSettings/General/AppMode", 3},
         {"GlobalSettings/General/CoordSystem", 1},
-        {"GlobalSettings/General/HelpDisplayingMode", 1},
         {"GlobalSettings/General/ModemAutodetection", 0},
         {"GlobalSettings/General/ReceiverCache", 1},
         {"GlobalSettings/General/Torvel_Settings", 63},
@@ -323,13 +268,10 @@ TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesInQSettings) {
         {"GlobalSettings/SiteParameters/AutoSend", 0},
         {"GlobalSettings/SiteParameters/SiteName", QStringLiteral("Hügel 7")},
         {"GlobalSettings/SiteParameters/Description", QStringLiteral("north \"corner\"")},
-        {"GlobalSettings/SiteParameters/AntennaType", QStringLiteral("ANT-2")},
         {"GlobalSettings/SiteParameters/AntennaHeight", QStringLiteral("1.500000")},
         {"GlobalSettings/SiteParameters/Slant", 1},
-        {"GlobalSettings/SiteParameters/Dynamics", 1},
         {"GlobalSettings/SolutionsColors/Color#0", 0x808080},
         {"GlobalSettings/SolutionsColors/Color#3", 0x00112233},
-        {"GlobalSettings/SolutionsColors/Color#12", 0xFE00FE},
     };
     for (const auto& [name, value] : expected)
         EXPECT_EQ(raw.value(QLatin1String(name)).toString(), value.toString()) << name;
@@ -340,19 +282,6 @@ TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesInQSettings) {
     EXPECT_EQ(reloaded->GetSolutionTypeColor(ESolutionType::RtkFixed), 0x00112233u);
     EXPECT_EQ(reloaded->GetTorvelSettings().flags, 0x3Fu);
     EXPECT_TRUE(reloaded->IsTabletModeSuppressed());
-}
-
-TEST_F(GlobalSettingsTest, UnreadableStoredWordsFallBackToDefaults) {
-    {
-        QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
-        raw.setValue("GlobalSettings/General/Torvel_Settings", "garbage");
-        raw.setValue("GlobalSettings/General/AppMode", "-5");
-        raw.setValue("GlobalSettings/SolutionsColors/Color#4", "99999999999");
-    }
-    auto settings = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
-    EXPECT_EQ(settings->GetTorvelSettings().flags, 0x09u);
-    EXPECT_EQ(settings->GetApplicationMode(), 1u);
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType::RtkFloat), 0xFF0000u);
 }
 
 } // namespace
