@@ -1,7 +1,9 @@
 #include "TestSupport.h"
 
+#include "lib/PellLib.h"
 #include "lib/SettingsStore.h"
 
+#include <QLocale>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -26,6 +28,17 @@ QString SettingsFile() {
                      QString::fromLatin1(kOrganizationName),
                      QString::fromLatin1(kApplicationKeyName))
         .fileName();
+}
+
+ScopedEnglish::ScopedEnglish() {
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    g_PellLibApp.LoadTranslation(QLocale::c());
+}
+
+// Back to the process's start: the system's locale, no translation installed.
+ScopedEnglish::~ScopedEnglish() {
+    QLocale::setDefault(QLocale::system());
+    g_PellLibApp.LoadTranslation(QLocale::c());
 }
 
 ScopedPresenter::ScopedPresenter(int answer)

@@ -14,6 +14,16 @@ void IsolateSettings();
 // The file that holds the library's settings in the isolated location.
 QString SettingsFile();
 
+// The library's texts untranslated and dates in US English for the lifetime of the object, for a
+// test that checks English texts: the tests run under a German locale.
+class ScopedEnglish {
+public:
+    ScopedEnglish();
+    ~ScopedEnglish();
+    ScopedEnglish(const ScopedEnglish&) = delete;
+    ScopedEnglish& operator=(const ScopedEnglish&) = delete;
+};
+
 // Records every message box instead of showing it, answering with a preset result.
 class RecordingPresenter final : public IMessagePresenter {
 public:
