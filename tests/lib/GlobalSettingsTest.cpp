@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QSettings>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace pell {
@@ -12,8 +11,8 @@ namespace pell {
 // Makes and destroys instances with their own store, as the library does once per process.
 struct GlobalSettingsTestAccess {
     using Handle = std::unique_ptr<CPellGlobalSettings, void (*)(CPellGlobalSettings*)>;
-    static Handle Make(std::shared_ptr<ISettingsStore> store) {
-        return Handle(new CPellGlobalSettings(std::move(store)),
+    static Handle Load() {
+        return Handle(new CPellGlobalSettings(std::make_shared<CQSettingsStore>()),
                       [](CPellGlobalSettings* s) { delete s; });
     }
 };
@@ -22,96 +21,39 @@ struct GlobalSettingsTestAccess {
 
 namespace {
 
-using pell::GlobalSettingsTestAccess;
 using rxio::ESolutionType;
-using testing::ElementsAreArray;
 
-// A store in memory that logs every access in order.
-class RecordingStore final : public pell::ISettingsStore {
-public:
-    std::map<QString, QVariant> values; // "key\name" → value
-    std::vector<QString> log;           // "read key\name", "write key\name", "flush"
+// The settings as another program sees them: raw names below "GlobalSettings/".
+void Store(std::initializer_list<std::pair<const char*, QVariant>> values) {
+    QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
+    raw.clear();
+    for (const auto& [name, value] : values)
+        raw.setValue(QStringLiteral("GlobalSettings/") + QLatin1String(name), value);
+}
 
-    std::optional<std::uint32_t> ReadDword(const QString& key, const QString& name) override {
-        const auto value = Read(key, name);
-        return value ? std::optional(value->toUInt()) : std::nullopt;
-    }
-    std::optional<QString> ReadString(const QString& key, const QString& name) override {
-        const auto value = Read(key, name);
-        return value ? std::optional(value->toString()) : std::nullopt;
-    }
-    void WriteDword(const QString& key, const QString& name, std::uint32_t value) override {
-        Write(key, name, value);
-    }
-    void WriteString(const QString& key, const QString& name, const QString& value) override {
-        Write(key, name, value);
-    }
-    void Flush() override { log.push_back(QStringLiteral("flush")); }
-
-private:
-    std::optional<QVariant> Read(const QString& key, const QString& name) {
-        log.push_back(QStringLiteral("read ") + key + QLatin1Char('\\') + name);
-        const auto it = values.find(key + QLatin1Char('\\') + name);
-        return it == values.end() ? std::nullopt : std::optional(it->second);
-    }
-    void Write(const QString& key, const QString& name, const QVariant& value) {
-        log.push_back(QStringLiteral("write ") + key + QLatin1Char('\\') + name);
-        values[key + QLatin1Char('\\') + name] = value;
-    }
-};
+std::map<QString, QString> Stored() {
+    QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
+    std::map<QString, QString> values;
+    for (const QString& key : raw.allKeys())
+        values[key.mid(QStringLiteral("GlobalSettings/").size())] = raw.value(key).toString();
+    return values;
+}
 
 class GlobalSettingsTest : public testing::Test {
 protected:
-    void SetUp() override {
-        QFile::remove(pell::test::SettingsFile());
-        store = std::make_shared<RecordingStore>();
-    }
-
-    std::shared_ptr<RecordingStore> store;
+    void SetUp() override { Store({}); }
 };
 
-std::vector<QString> Filter(const std::vector<QString>& log, const QString& prefix) {
-    std::vector<QString> out;
-    for (const QString& line : log)
-        if (line.startsWith(prefix))
-            out.push_back(line.mid(prefix.size()));
-    return out;
-}
-
-TEST_F(GlobalSettingsTest, LoadsAndSavesInOrder) {
-    std::vector<QString> names;
-    for (const char* name :
-         {"General\\AppMode", "General\\CoordSystem", "General\\HelpDisplayingMode",
-          "General\\ModemAutodetection", "General\\ReceiverCache", "General\\Torvel_Settings"})
-        names.push_back(QStringLiteral("GlobalSettings\\") + QLatin1String(name));
-    for (const char* name : {"AutoSend", "SiteName", "Description", "AntennaType", "AntennaHeight",
-                             "Slant", "Dynamics"})
-        names.push_back(QStringLiteral("GlobalSettings\\SiteParameters\\") + QLatin1String(name));
-    for (int type = 0; type < 19; ++type)
-        names.push_back(QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(type));
-    for (const char* name : {"EnableAutoScalingUI", "ManualScalingRatioUI", "SuppressTabletMode"})
-        names.push_back(QStringLiteral("GlobalSettings\\General\\") + QLatin1String(name));
-
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    EXPECT_THAT(Filter(store->log, QStringLiteral("read ")), ElementsAreArray(names));
-    settings->SetFtpPort(7, 2121);
-    settings->SetDTPBlockSize(1024);
-    store->log.clear();
-    settings.reset();
-    // Tablet mode is only ever written by its setter; FTP ports and DTP values never.
-    names.pop_back();
-    EXPECT_THAT(Filter(store->log, QStringLiteral("write ")), ElementsAreArray(names));
+auto Load() {
+    return pell::GlobalSettingsTestAccess::Load();
 }
 
 // Nothing stored, or words another program left unreadable, read as the defaults.
 TEST_F(GlobalSettingsTest, MissingOrUnreadableValuesReadAsDefaults) {
-    {
-        QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
-        raw.setValue("GlobalSettings/General/Torvel_Settings", "garbage");
-        raw.setValue("GlobalSettings/General/AppMode", "-5");
-        raw.setValue("GlobalSettings/SolutionsColors/Color#4", "99999999999");
-    }
-    auto settings = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
+    Store({{"General/Torvel_Settings", "garbage"},
+           {"General/AppMode", "-5"},
+           {"SolutionsColors/Color#4", "99999999999"}});
+    auto settings = Load();
     EXPECT_EQ(settings->GetTorvelSettings().flags, 0x09u);
     EXPECT_EQ(settings->GetApplicationMode(), 1u);
     EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType::RtkFloat), 0xFF0000u);
@@ -136,54 +78,73 @@ TEST_F(GlobalSettingsTest, StoredColourOfAllOnesMeansBuiltIn) {
         {5, 0xFFFFFFFF, 0x808080},   {12, std::nullopt, 0xFE00FE},
     };
     for (const Case& c : cases) {
-        auto fresh = std::make_shared<RecordingStore>();
+        const QByteArray name = "SolutionsColors/Color#" + QByteArray::number(c.type);
         if (c.stored)
-            fresh->values[QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(c.type)] =
-                *c.stored;
-        auto settings = GlobalSettingsTestAccess::Make(fresh);
-        EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(c.type)), c.loaded)
+            Store({{name.constData(), *c.stored}});
+        else
+            Store({});
+        EXPECT_EQ(Load()->GetSolutionTypeColor(ESolutionType(c.type)), c.loaded)
             << "type " << c.type;
     }
     // Types the receiver may add later are grey until given a colour.
-    auto settings = GlobalSettingsTestAccess::Make(store);
+    auto settings = Load();
     EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(19)), 0x808080u);
     EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(-1)), 0x808080u);
     settings->SetSolutionTypeColor(ESolutionType(25), 0x123456);
     EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(25)), 0x123456u);
 }
 
-TEST_F(GlobalSettingsTest, TabletModeIsWrittenAtOnce) {
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    store->log.clear();
-    settings->SuppressTabletMode(true);
-    EXPECT_THAT(
-        store->log,
-        ElementsAreArray({QStringLiteral("write GlobalSettings\\General\\SuppressTabletMode"),
-                          QStringLiteral("flush")}));
-    EXPECT_EQ(store->values["GlobalSettings\\General\\SuppressTabletMode"].toUInt(), 1u);
+// Any non-zero word is true; help opens in the browser whatever was stored or set.
+TEST_F(GlobalSettingsTest, StoredWordsAreReadLeniently) {
+    Store({{"General/ModemAutodetection", 0u},
+           {"General/ReceiverCache", 7u},
+           {"SiteParameters/Slant", 0xFFFFFFFFu},
+           {"General/HelpDisplayingMode", 0u}});
+    auto settings = Load();
+    EXPECT_FALSE(settings->GetModemAutodetection());
+    EXPECT_TRUE(settings->GetReceiverCacheUse());
+    EXPECT_TRUE(settings->GetSiteParameters().Slant);
+    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
+    settings->SetHelpDisplayingMode(EHelpDisplayingMode(0));
+    settings.reset();
+    EXPECT_EQ(Stored()["General/HelpDisplayingMode"], QStringLiteral("1"));
+}
+
+// Written with a decimal point whatever the user's locale, and read back the same way.
+TEST_F(GlobalSettingsTest, AntennaHeightTextReadsAsANumber) {
+    const std::pair<const char*, float> cases[] = {
+        {"1.500000", 1.5F}, {"2", 2.0F}, {"abc", 0.0F}, {"", 0.0F}, {"-0.25", -0.25F}};
+    for (const auto& [text, height] : cases) {
+        Store({{"SiteParameters/AntennaHeight", QString::fromLatin1(text)}});
+        EXPECT_FLOAT_EQ(Load()->GetSiteParameters().AntennaHeight, height) << text;
+    }
 }
 
 TEST_F(GlobalSettingsTest, ScalingRatioIsStoredTruncatedToThousandths) {
     struct Case {
         double ratio;
-        std::uint32_t stored;
+        const char* stored;
         double reloaded;
     };
-    const Case cases[] = {{1.2345, 1234, 1.234}, {0.9999, 999, 0.999}, {2.5, 2500, 2.5}};
+    const Case cases[] = {{1.2345, "1234", 1.234}, {0.9999, "999", 0.999}, {2.5, "2500", 2.5}};
     for (const Case& c : cases) {
-        auto fresh = std::make_shared<RecordingStore>();
-        auto settings = GlobalSettingsTestAccess::Make(fresh);
-        settings->SetManualScalingRatio(c.ratio);
-        settings.reset();
-        EXPECT_EQ(fresh->values["GlobalSettings\\General\\ManualScalingRatioUI"].toUInt(), c.stored)
-            << c.ratio;
-        EXPECT_DOUBLE_EQ(GlobalSettingsTestAccess::Make(fresh)->GetManualScalingRatio(),
-                         c.reloaded);
+        Load()->SetManualScalingRatio(c.ratio);
+        EXPECT_EQ(Stored()["General/ManualScalingRatioUI"], QLatin1String(c.stored)) << c.ratio;
+        EXPECT_DOUBLE_EQ(Load()->GetManualScalingRatio(), c.reloaded);
     }
 }
 
+TEST_F(GlobalSettingsTest, TabletModeIsWrittenAtOnce) {
+    // Named first: a QSettings that goes away writes what every other one has pending.
+    QFile file(pell::test::SettingsFile());
+    auto settings = Load();
+    settings->SuppressTabletMode(true);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("SuppressTabletMode=1"));
+}
+
 TEST_F(GlobalSettingsTest, FtpPortsAreAVolatileMap) {
-    auto settings = GlobalSettingsTestAccess::Make(store);
+    auto settings = Load();
     // The port read back; when there is none, the out value is cleared.
     const auto port = [&](int device) -> std::optional<unsigned short> {
         unsigned short value = 99;
@@ -204,84 +165,55 @@ TEST_F(GlobalSettingsTest, FtpPortsAreAVolatileMap) {
     EXPECT_EQ(port(2), std::nullopt);
 }
 
-// Any non-zero word is true; help opens in the browser whatever was stored or set.
-TEST_F(GlobalSettingsTest, StoredWordsAreReadLeniently) {
-    store->values["GlobalSettings\\General\\ModemAutodetection"] = 0u;
-    store->values["GlobalSettings\\General\\ReceiverCache"] = 7u;
-    store->values["GlobalSettings\\SiteParameters\\Slant"] = 0xFFFFFFFFu;
-    store->values["GlobalSettings\\General\\HelpDisplayingMode"] = 0u;
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    EXPECT_FALSE(settings->GetModemAutodetection());
-    EXPECT_TRUE(settings->GetReceiverCacheUse());
-    EXPECT_TRUE(settings->GetSiteParameters().Slant);
-    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
-    settings->SetHelpDisplayingMode(EHelpDisplayingMode(0));
-    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
-    settings.reset();
-    EXPECT_EQ(store->values["GlobalSettings\\General\\HelpDisplayingMode"].toUInt(), 1u);
-}
-
-// Written with a decimal point whatever the user's locale, and read back the same way.
-TEST_F(GlobalSettingsTest, AntennaHeightTextReadsAsANumber) {
-    const std::pair<QString, float> cases[] = {
-        {"1.500000", 1.5F}, {"2", 2.0F}, {"abc", 0.0F}, {"", 0.0F}, {"-0.25", -0.25F}};
-    for (const auto& [text, height] : cases) {
-        auto fresh = std::make_shared<RecordingStore>();
-        fresh->values["GlobalSettings\\SiteParameters\\AntennaHeight"] = text;
-        EXPECT_FLOAT_EQ(GlobalSettingsTestAccess::Make(fresh)->GetSiteParameters().AntennaHeight,
-                        height)
-            << text.toStdString();
-    }
-}
-
-// The raw names and values on the real store, as another program reading them would see them.
-TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesInQSettings) {
-    auto settings = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
+// The raw names and values, as another program reading them would see them; every value comes
+// back under the name it was written with.
+TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesAndReadsThemBack) {
+    auto settings = Load();
     settings->SetApplicationMode(EApplicationMode(3));
     settings->SetCoordSystem(CoordSystemCartesian);
     settings->SetModemAutodetection(false);
     settings->SetReceiverCacheUse(true);
     settings->SetTorvelSettings({0x3F});
-    SiteParameters site;
-    site.AutoSend = false;
-    site.SiteName = QStringLiteral("Hügel 7");
-    site.Description = QStringLiteral("north \"corner\"");
-    site.AntennaHeight = 1.5F;
-    site.Slant = true;
-    settings->SetSiteParameters(site);
-    settings->SetSolutionTypeColor(ESolutionType::RtkFixed, 0x00112233);
+    settings->SetSiteParameters({false, QStringLiteral("Hügel 7"),
+                                 QStringLiteral("north \"corner\""), QStringLiteral("ANT-2"), 1.5F,
+                                 true, true});
+    for (int type = 0; type < 19; ++type)
+        settings->SetSolutionTypeColor(ESolutionType(type), 0x00112200 + type);
     settings->SetManualScalingRatio(1.2345);
     settings->EnableAutoScaling(false);
     settings->SuppressTabletMode(true);
+    // Never stored.
+    settings->SetFtpPort(7, 2121);
+    settings->SetDTPBlockSize(1024);
     settings.reset();
 
-    QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
-    const std::pair<const char*, QVariant> expected[] = {
-        {"GlobalSettings/General/AppMode", 3},
-        {"GlobalSettings/General/CoordSystem", 1},
-        {"GlobalSettings/General/ModemAutodetection", 0},
-        {"GlobalSettings/General/ReceiverCache", 1},
-        {"GlobalSettings/General/Torvel_Settings", 63},
-        {"GlobalSettings/General/EnableAutoScalingUI", 0},
-        {"GlobalSettings/General/ManualScalingRatioUI", 1234},
-        {"GlobalSettings/General/SuppressTabletMode", 1},
-        {"GlobalSettings/SiteParameters/AutoSend", 0},
-        {"GlobalSettings/SiteParameters/SiteName", QStringLiteral("Hügel 7")},
-        {"GlobalSettings/SiteParameters/Description", QStringLiteral("north \"corner\"")},
-        {"GlobalSettings/SiteParameters/AntennaHeight", QStringLiteral("1.500000")},
-        {"GlobalSettings/SiteParameters/Slant", 1},
-        {"GlobalSettings/SolutionsColors/Color#0", 0x808080},
-        {"GlobalSettings/SolutionsColors/Color#3", 0x00112233},
+    const std::map<QString, QString> stored = Stored();
+    EXPECT_EQ(stored.size(), 16u + 19u);
+    const std::pair<const char*, const char*> expected[] = {
+        {"General/AppMode", "3"},
+        {"General/CoordSystem", "1"},
+        {"General/HelpDisplayingMode", "1"},
+        {"General/ModemAutodetection", "0"},
+        {"General/ReceiverCache", "1"},
+        {"General/Torvel_Settings", "63"},
+        {"General/EnableAutoScalingUI", "0"},
+        {"General/ManualScalingRatioUI", "1234"},
+        {"General/SuppressTabletMode", "1"},
+        {"SiteParameters/AutoSend", "0"},
+        {"SiteParameters/SiteName", "Hügel 7"},
+        {"SiteParameters/Description", "north \"corner\""},
+        {"SiteParameters/AntennaType", "ANT-2"},
+        {"SiteParameters/AntennaHeight", "1.500000"},
+        {"SiteParameters/Slant", "1"},
+        {"SiteParameters/Dynamics", "1"},
+        {"SolutionsColors/Color#0", "1122816"},
+        {"SolutionsColors/Color#18", "1122834"},
     };
     for (const auto& [name, value] : expected)
-        EXPECT_EQ(raw.value(QLatin1String(name)).toString(), value.toString()) << name;
-    EXPECT_EQ(raw.allKeys().size(), 16 + 19);
+        EXPECT_EQ(stored.at(QLatin1String(name)), QString::fromUtf8(value)) << name;
 
-    auto reloaded = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
-    EXPECT_EQ(reloaded->GetSiteParameters().SiteName, QStringLiteral("Hügel 7"));
-    EXPECT_EQ(reloaded->GetSolutionTypeColor(ESolutionType::RtkFixed), 0x00112233u);
-    EXPECT_EQ(reloaded->GetTorvelSettings().flags, 0x3Fu);
-    EXPECT_TRUE(reloaded->IsTabletModeSuppressed());
+    Load().reset();
+    EXPECT_EQ(Stored(), stored);
 }
 
 } // namespace

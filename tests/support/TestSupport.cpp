@@ -1,5 +1,6 @@
 #include "TestSupport.h"
 
+#include "lib/Exceptions.h"
 #include "lib/PellLib.h"
 #include "lib/SettingsStore.h"
 
@@ -28,6 +29,15 @@ QString SettingsFile() {
                      QString::fromLatin1(kOrganizationName),
                      QString::fromLatin1(kApplicationKeyName))
         .fileName();
+}
+
+unsigned long ErrorCodeOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ulm_std::CWinException& e) {
+        return e.GetErrorCode();
+    }
+    return 0;
 }
 
 ScopedEnglish::ScopedEnglish() {
