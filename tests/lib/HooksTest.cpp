@@ -19,11 +19,6 @@ using testing::IsEmpty;
 const QString kReceiverPort = QStringLiteral("/dev/ttyINT0");
 const QString kModemPort = QStringLiteral("/dev/ttyINT1");
 
-std::shared_ptr<const rxio::IPortAddr> Port(const QString& name,
-                                            EPortType type = EPortType::LocalSerial) {
-    return std::make_shared<CPortAddr>(type, name);
-}
-
 class HooksTest : public testing::Test {
 protected:
     void SetUp() override { saved = CPellGlobalSettings::Ref().GetTorvelSettings(); }
@@ -52,21 +47,16 @@ enum Controller { Plain, Torvel, Brantley };
 enum Where { NoPort, ReceiverPort, ModemPort, OtherSerial, Network, Bluetooth };
 
 std::shared_ptr<const rxio::IPortAddr> PortAt(Where where) {
-    switch (where) {
-    case NoPort:
+    if (where == NoPort)
         return nullptr;
-    case ReceiverPort:
-        return Port(kReceiverPort);
-    case ModemPort:
-        return Port(kModemPort);
-    case OtherSerial:
-        return Port(QStringLiteral("/dev/ttyUSB0"));
-    case Network:
-        return Port(kReceiverPort, EPortType::Tcp);
-    case Bluetooth:
-        return Port(kReceiverPort, EPortType::Bluetooth);
-    }
-    return nullptr;
+    const std::pair<QString, EPortType> ports[] = {
+        {kReceiverPort, EPortType::LocalSerial},
+        {kModemPort, EPortType::LocalSerial},
+        {QStringLiteral("/dev/ttyUSB0"), EPortType::LocalSerial},
+        {kReceiverPort, EPortType::Tcp},
+        {kReceiverPort, EPortType::Bluetooth}};
+    const auto& [name, type] = ports[where - 1];
+    return std::make_shared<CPortAddr>(type, name);
 }
 
 // "R+ M-": the receiver switched on, then the modem off.
@@ -152,7 +142,7 @@ TEST_F(HooksTest, AFailingSwitchIsReportedAndRefusesThePort) {
     pell::test::ScopedPresenter boxes;
     auto hw = Install(true, false, 0x01 | 0x02);
     hw->FailNextSwitch(EDevice::Receiver, pell::ERROR_DEV_NOT_EXIST);
-    EXPECT_FALSE(PreOpenPort(Port(kReceiverPort)));
+    EXPECT_FALSE(PreOpenPort(PortAt(ReceiverPort)));
     ASSERT_EQ(boxes.Boxes().size(), 1u);
     EXPECT_TRUE(boxes.Boxes()[0].text.contains(QStringLiteral("The device is not present.")));
     EXPECT_TRUE(boxes.Boxes()[0].text.contains(QStringLiteral("ControllerHardware.cpp")));
@@ -160,7 +150,7 @@ TEST_F(HooksTest, AFailingSwitchIsReportedAndRefusesThePort) {
 
     hw->SetPowered(EDevice::Receiver, true);
     hw->FailNextSwitch(EDevice::Receiver, pell::ERROR_TIMEOUT);
-    EXPECT_FALSE(PostClosePort(Port(kReceiverPort)));
+    EXPECT_FALSE(PostClosePort(PortAt(ReceiverPort)));
     ASSERT_EQ(boxes.Boxes().size(), 2u);
     EXPECT_TRUE(boxes.Boxes()[1].text.contains(QStringLiteral("(error 1460)")));
 
@@ -174,8 +164,8 @@ TEST_F(HooksTest, PlainComputerIsTheDefault) {
     pell::SetControllerHardware(nullptr);
     EXPECT_FALSE(pell::ControllerHardware().IsTorvel());
     CPellGlobalSettings::Ref().SetTorvelSettings({0x3F});
-    EXPECT_TRUE(PreOpenPort(Port(QStringLiteral("COM1"))));
-    EXPECT_TRUE(PostClosePort(Port(QStringLiteral("COM1"))));
+    EXPECT_TRUE(PreOpenPort(PortAt(OtherSerial)));
+    EXPECT_TRUE(PostClosePort(PortAt(OtherSerial)));
 }
 
 } // namespace
