@@ -39,9 +39,9 @@ function(pell_add_test name)
     pell_set_warnings(${name})
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} pell_test_main GTest::gtest GTest::gmock)
     target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
-    # gtest_discover_tests hands its properties through three list expansions before they become
-    # the test's; each eats a level of escaping, so the separators of one property's list need
-    # seven backslashes to arrive as a list. EnvironmentTest checks that they do.
+    # gtest_discover_tests passes its properties through several list expansions, each of which
+    # eats a level of escaping: with CMake 3.25 the separators of one property's own list need
+    # seven backslashes to arrive as a list. TestEnvironment.IsGerman fails when they do not.
     list(JOIN PELL_TEST_ENVIRONMENT [[\\\\\\\;]] environment)
     gtest_discover_tests(${name}
         DISCOVERY_TIMEOUT 60
