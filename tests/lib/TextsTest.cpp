@@ -32,40 +32,26 @@ protected:
     pell::test::ScopedEnglish english;
 };
 
-TEST_F(TextsTest, AngleTexts) {
-    struct Case {
-        double degrees;
-        bool latitude;
-        const char* text;
-    };
-    const Case cases[] = {
-        {0.0, true, "00°00'0.0000''N"},
-        {0.0, false, "00°00'0.0000''E"},
-        {-0.5, true, "00°30'0.0000''S"},
-        {5.0, false, "05°00'0.0000''E"},
-        {139.5, false, "139°30'0.0000''E"},
-        {-179.999, false, "179°59'56.4000''W"},
-        {90.0, true, "90°00'0.0000''N"},
-        // 10° 59' 59.99999'' prints its seconds as 60: no carry into the minute.
-        {10.0 + 59.0 / 60.0 + 59.99999 / 3600.0, true, "10°59'60.0000''N"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(g_PellLibApp.Coordinates2String(c.degrees, c.latitude), QString::fromUtf8(c.text))
-            << c.degrees;
-}
-
-TEST_F(TextsTest, PositionTexts) {
+TEST_F(TextsTest, CoordinateTexts) {
+    const CPellLibApp& app = g_PellLibApp;
     const std::pair<QString, const char*> cases[] = {
-        {g_PellLibApp.Coordinates2String(
-             vex::POS_GEO{(35 + 40.0 / 60 + 12.345678 / 3600) * kRadPerDeg,
-                          (139 + 45.0 / 60 + 1.0 / 3600) * kRadPerDeg, 40.1234}),
+        {app.Coordinates2String(0.0, true), "00°00'0.0000''N"},
+        {app.Coordinates2String(0.0, false), "00°00'0.0000''E"},
+        {app.Coordinates2String(-0.5, true), "00°30'0.0000''S"},
+        {app.Coordinates2String(5.0, false), "05°00'0.0000''E"},
+        {app.Coordinates2String(139.5, false), "139°30'0.0000''E"},
+        {app.Coordinates2String(-179.999, false), "179°59'56.4000''W"},
+        {app.Coordinates2String(90.0, true), "90°00'0.0000''N"},
+        // 10° 59' 59.99999'' prints its seconds as 60: no carry into the minute.
+        {app.Coordinates2String(10.0 + 59.0 / 60.0 + 59.99999 / 3600.0, true), "10°59'60.0000''N"},
+        {app.Coordinates2String(vex::POS_GEO{(35 + 40.0 / 60 + 12.345678 / 3600) * kRadPerDeg,
+                                             (139 + 45.0 / 60 + 1.0 / 3600) * kRadPerDeg, 40.1234}),
          "35°40'12.345678''N; 139°45'1.000000''E; 40.1234m"},
-        {g_PellLibApp.Coordinates2String(
-             vex::POS_GEO{-0.5 * kRadPerDeg, -5.25 * kRadPerDeg, -12.5}),
+        {app.Coordinates2String(vex::POS_GEO{-0.5 * kRadPerDeg, -5.25 * kRadPerDeg, -12.5}),
          "00°30'0.000000''S; 05°15'0.000000''W; -12.5000m"},
-        {g_PellLibApp.Coordinates2String(vex::POS_XYZ{-2000000.5, 3000000.25, 4000000.0}),
+        {app.Coordinates2String(vex::POS_XYZ{-2000000.5, 3000000.25, 4000000.0}),
          "-2000000.5000; 3000000.2500; 4000000.0000"},
-        {g_PellLibApp.Coordinates2String(vex::POS_XYZ{1.23456, -0.00004, 7.99996}),
+        {app.Coordinates2String(vex::POS_XYZ{1.23456, -0.00004, 7.99996}),
          "1.2346; -0.0000; 8.0000"},
     };
     for (const auto& [text, expected] : cases)
