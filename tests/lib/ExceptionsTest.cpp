@@ -7,58 +7,45 @@
 
 namespace {
 
-TEST(ExceptionsTest, PlatformErrorReportsOperationCodeAndSource) {
-    struct Case {
-        unsigned long code;
-        const char* text;
-    };
-    const Case cases[] = {
-        {50, "The request is not supported."},
-        {55, "The device is not present."},
-        {87, "The parameter is incorrect."},
-        {1168, "Element not found."},
-        {1223, "The operation was cancelled by the user."},
-        {1359, "An internal error occurred."},
-        {1460, "The operation timed out."},
-        {4242, "Unknown system error."},
-    };
-    for (const Case& c : cases) {
-        pell::test::ScopedPresenter boxes(pell::IDOK);
-        const ulm_std::CWinException e(120, "/src/lib/Somewhere.cpp", QStringLiteral("Reading"),
-                                       c.code);
-        EXPECT_EQ(e.ReportError(nullptr), pell::IDOK);
-        ASSERT_EQ(boxes.Boxes().size(), 1u);
-        const auto& box = boxes.Boxes()[0];
-        EXPECT_EQ(box.caption, QStringLiteral("Dorrit"));
-        EXPECT_EQ(box.style, pell::MB_OK | pell::MB_ICONERROR);
-        EXPECT_EQ(box.text,
-                  QStringLiteral("Reading failed: %1 (error %2).\n\nSource: Somewhere.cpp, "
-                                 "line 120")
-                      .arg(QString::fromLatin1(c.text))
-                      .arg(c.code));
-    }
-}
+class ExceptionsTest : public testing::Test {
+protected:
+    pell::test::ScopedEnglish english;
+};
 
-TEST(ExceptionsTest, CommunicationErrorNamesCommandDeviceAndReply) {
-    pell::test::ScopedPresenter boxes;
+TEST_F(ExceptionsTest, AReportIsOneErrorBoxWithTheSource) {
+    const auto platform = [](unsigned long code) {
+        return ulm_std::CWinException(120, "/src/lib/Somewhere.cpp", QStringLiteral("Reading"),
+                                      code);
+    };
+    const ulm_std::CWinException timedOut = platform(1460);
+    const ulm_std::CWinException unknown = platform(4242);
     const ulm_std::CCommException withReply(
         QStringLiteral("set,/par/ant/rcv/h,x"), QStringLiteral("Receiver"),
         QStringLiteral("{3,,wrong value}"), QStringLiteral("mate"));
     const ulm_std::CCommException withoutReply(QStringLiteral("print,/par/x"),
                                                QStringLiteral("Receiver"), QString(),
                                                QStringLiteral("mate"));
-    withReply.ReportError(nullptr);
-    withoutReply.ReportError(nullptr);
-    ASSERT_EQ(boxes.Boxes().size(), 2u);
-    EXPECT_EQ(boxes.Boxes()[0].text,
-              QStringLiteral("The command \"set,/par/ant/rcv/h,x\" failed.\nReceiver replied: "
-                             "{3,,wrong value}\n\nSource: mate"));
-    EXPECT_EQ(boxes.Boxes()[1].text,
-              QStringLiteral("The command \"print,/par/x\" failed.\n\nSource: mate"));
+    const std::pair<const ulm_std::CException*, const char*> cases[] = {
+        {&timedOut, "Reading failed: The operation timed out. (error 1460).\n\n"
+                    "Source: Somewhere.cpp, line 120"},
+        {&unknown, "Reading failed: Unknown system error. (error 4242).\n\n"
+                   "Source: Somewhere.cpp, line 120"},
+        {&withReply, "The command \"set,/par/ant/rcv/h,x\" failed.\n"
+                     "Receiver replied: {3,,wrong value}\n\nSource: mate"},
+        {&withoutReply, "The command \"print,/par/x\" failed.\n\nSource: mate"},
+    };
+    for (const auto& [error, text] : cases) {
+        pell::test::ScopedPresenter boxes(pell::IDOK);
+        EXPECT_EQ(error->ReportError(nullptr), pell::IDOK);
+        ASSERT_EQ(boxes.Boxes().size(), 1u);
+        EXPECT_EQ(boxes.Boxes()[0].text, QString::fromUtf8(text));
+        EXPECT_EQ(boxes.Boxes()[0].caption, QStringLiteral("Dorrit"));
+        EXPECT_EQ(boxes.Boxes()[0].style, pell::MB_OK | pell::MB_ICONERROR);
+    }
     EXPECT_STREQ(withoutReply.what(), "The command \"print,/par/x\" failed.");
 }
 
-TEST(ExceptionsTest, MessageBoxCarriesTheShortNameAndReturnsTheAnswer) {
+TEST_F(ExceptionsTest, MessageBoxCarriesTheShortNameAndReturnsTheAnswer) {
     pell::test::ScopedPresenter boxes(pell::IDNO);
     EXPECT_EQ(g_PellLibApp.MessageBox(nullptr, QStringLiteral("Go on?"),
                                       pell::MB_YESNO | pell::MB_ICONQUESTION),

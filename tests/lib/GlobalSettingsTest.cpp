@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QSettings>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace pell {
@@ -12,8 +11,8 @@ namespace pell {
 // Makes and destroys instances with their own store, as the library does once per process.
 struct GlobalSettingsTestAccess {
     using Handle = std::unique_ptr<CPellGlobalSettings, void (*)(CPellGlobalSettings*)>;
-    static Handle Make(std::shared_ptr<ISettingsStore> store) {
-        return Handle(new CPellGlobalSettings(std::move(store)),
+    static Handle Load() {
+        return Handle(new CPellGlobalSettings(std::make_shared<CQSettingsStore>()),
                       [](CPellGlobalSettings* s) { delete s; });
     }
 };
@@ -22,102 +21,44 @@ struct GlobalSettingsTestAccess {
 
 namespace {
 
-using pell::GlobalSettingsTestAccess;
 using rxio::ESolutionType;
-using testing::ElementsAreArray;
 
-// A store in memory that logs every access in order.
-class RecordingStore final : public pell::ISettingsStore {
-public:
-    std::map<QString, QVariant> values; // "key\name" → value
-    std::vector<QString> log;           // "read key\name", "write key\name", "flush"
+// The settings as another program sees them: raw names below "GlobalSettings/".
+void Store(std::initializer_list<std::pair<const char*, QVariant>> values) {
+    QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
+    raw.clear();
+    for (const auto& [name, value] : values)
+        raw.setValue(QStringLiteral("GlobalSettings/") + QLatin1String(name), value);
+}
 
-    std::optional<std::uint32_t> ReadDword(const QString& key, const QString& name) override {
-        log.push_back(QStringLiteral("read ") + Path(key, name));
-        const auto it = values.find(Path(key, name));
-        if (it == values.end())
-            return std::nullopt;
-        return it->second.toUInt();
-    }
-    std::optional<QString> ReadString(const QString& key, const QString& name) override {
-        log.push_back(QStringLiteral("read ") + Path(key, name));
-        const auto it = values.find(Path(key, name));
-        if (it == values.end())
-            return std::nullopt;
-        return it->second.toString();
-    }
-    void WriteDword(const QString& key, const QString& name, std::uint32_t value) override {
-        log.push_back(QStringLiteral("write ") + Path(key, name));
-        values[Path(key, name)] = value;
-    }
-    void WriteString(const QString& key, const QString& name, const QString& value) override {
-        log.push_back(QStringLiteral("write ") + Path(key, name));
-        values[Path(key, name)] = value;
-    }
-    void Flush() override { log.push_back(QStringLiteral("flush")); }
-
-    static QString Path(const QString& key, const QString& name) {
-        return key + QLatin1Char('\\') + name;
-    }
-};
+std::map<QString, QString> Stored() {
+    QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
+    std::map<QString, QString> values;
+    for (const QString& key : raw.allKeys())
+        values[key.mid(QStringLiteral("GlobalSettings/").size())] = raw.value(key).toString();
+    return values;
+}
 
 class GlobalSettingsTest : public testing::Test {
 protected:
-    void SetUp() override {
-        QFile::remove(pell::test::SettingsFile());
-        store = std::make_shared<RecordingStore>();
-    }
-
-    std::shared_ptr<RecordingStore> store;
+    void SetUp() override { Store({}); }
 };
 
-std::vector<QString> Filter(const std::vector<QString>& log, const QString& prefix) {
-    std::vector<QString> out;
-    for (const QString& line : log)
-        if (line.startsWith(prefix))
-            out.push_back(line.mid(prefix.size()));
-    return out;
+auto Load() {
+    return pell::GlobalSettingsTestAccess::Load();
 }
 
-TEST_F(GlobalSettingsTest, DefaultsWhenNothingIsStored) {
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    EXPECT_EQ(settings->GetApplicationMode(), 1u);
-    EXPECT_EQ(settings->GetCoordSystem(), CoordSystemGeodetic);
-    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
-    EXPECT_TRUE(settings->GetModemAutodetection());
-    EXPECT_FALSE(settings->GetReceiverCacheUse());
+// Words another program left unreadable, or nothing stored, read as the defaults.
+TEST_F(GlobalSettingsTest, MissingOrUnreadableValuesReadAsDefaults) {
+    Store({{"General/Torvel_Settings", "garbage"},
+           {"General/AppMode", "-5"},
+           {"SolutionsColors/Color#4", "99999999999"}});
+    auto settings = Load();
     EXPECT_EQ(settings->GetTorvelSettings().flags, 0x09u);
-    const SiteParameters site = settings->GetSiteParameters();
-    EXPECT_TRUE(site.AutoSend);
-    EXPECT_TRUE(site.SiteName.isEmpty());
-    EXPECT_TRUE(site.Description.isEmpty());
-    EXPECT_TRUE(site.AntennaType.isEmpty());
-    EXPECT_EQ(site.AntennaHeight, 0.0F);
-    EXPECT_FALSE(site.Slant);
-    EXPECT_FALSE(site.Dynamics);
-    EXPECT_EQ(settings->GetDTPTimeout(), 10u);
-    EXPECT_EQ(settings->GetDTPBlockSize(), 512u);
-    EXPECT_TRUE(settings->IsAutoScalingEnabled());
+    EXPECT_EQ(settings->GetApplicationMode(), 1u);
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType::RtkFloat), 0xFF0000u);
+    EXPECT_TRUE(settings->GetModemAutodetection());
     EXPECT_DOUBLE_EQ(settings->GetManualScalingRatio(), 1.0);
-    EXPECT_FALSE(settings->IsTabletModeSuppressed());
-    EXPECT_EQ(settings->GetWindowPlacementKey(), QStringLiteral("WindowPlacement"));
-}
-
-TEST_F(GlobalSettingsTest, DefaultSolutionColoursCoverAllNineteenTypes) {
-    const std::map<int, pell::COLORREF> expected = {
-        {1, 0x0000FF},  {2, 0x4080FF},  {3, 0x00FF00},  {4, 0xFF0000},  {9, 0xFF8000},
-        {10, 0x004080}, {11, 0xFF0080}, {12, 0xFE00FE}, {13, 0xFF0000}, {14, 0x00FF00},
-    };
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    for (int type = 0; type < 19; ++type) {
-        const auto it = expected.find(type);
-        const pell::COLORREF want = it == expected.end() ? 0x808080 : it->second;
-        EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(type)), want) << "type " << type;
-    }
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(19)), 0x808080u);
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(-1)), 0x808080u);
-    settings->SetSolutionTypeColor(ESolutionType(25), 0x123456);
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(25)), 0x123456u);
 }
 
 TEST_F(GlobalSettingsTest, StoredColourOfAllOnesMeansBuiltIn) {
@@ -128,231 +69,146 @@ TEST_F(GlobalSettingsTest, StoredColourOfAllOnesMeansBuiltIn) {
     };
     const Case cases[] = {
         {1, 0xFFFFFFFF, 0x0000FF}, // cannot be kept: reads back as the default
-        {1, 0xFFFFFFFE, 0xFFFFFFFE}, {1, 0x00000000, 0x00000000},  {5, 0xFFFFFFFF, 0x808080},
-        {5, 0x00ABCDEF, 0x00ABCDEF}, {12, std::nullopt, 0xFE00FE},
+        {1, 0xFFFFFFFE, 0xFFFFFFFE}, {1, 0x00000000, 0x00000000},
+        {5, 0xFFFFFFFF, 0x808080},   {12, std::nullopt, 0xFE00FE},
     };
     for (const Case& c : cases) {
-        auto fresh = std::make_shared<RecordingStore>();
+        const QByteArray name = "SolutionsColors/Color#" + QByteArray::number(c.type);
         if (c.stored)
-            fresh->values[QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(c.type)] =
-                *c.stored;
-        auto settings = GlobalSettingsTestAccess::Make(fresh);
-        EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(c.type)), c.loaded)
+            Store({{name.constData(), *c.stored}});
+        else
+            Store({});
+        EXPECT_EQ(Load()->GetSolutionTypeColor(ESolutionType(c.type)), c.loaded)
             << "type " << c.type;
     }
+    // Types the receiver may add later are grey until given a colour.
+    auto settings = Load();
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(19)), 0x808080u);
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(-1)), 0x808080u);
+    settings->SetSolutionTypeColor(ESolutionType(25), 0x123456);
+    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType(25)), 0x123456u);
 }
 
-TEST_F(GlobalSettingsTest, LoadsInOrder) {
-    GlobalSettingsTestAccess::Make(store).reset();
-    std::vector<QString> expected = {
-        "GlobalSettings\\General\\AppMode",
-        "GlobalSettings\\General\\CoordSystem",
-        "GlobalSettings\\General\\HelpDisplayingMode",
-        "GlobalSettings\\General\\ModemAutodetection",
-        "GlobalSettings\\General\\ReceiverCache",
-        "GlobalSettings\\General\\Torvel_Settings",
-        "GlobalSettings\\SiteParameters\\AutoSend",
-        "GlobalSettings\\SiteParameters\\SiteName",
-        "GlobalSettings\\SiteParameters\\Description",
-        "GlobalSettings\\SiteParameters\\AntennaType",
-        "GlobalSettings\\SiteParameters\\AntennaHeight",
-        "GlobalSettings\\SiteParameters\\Slant",
-        "GlobalSettings\\SiteParameters\\Dynamics",
-    };
-    for (int type = 0; type < 19; ++type)
-        expected.push_back(QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(type));
-    expected.push_back("GlobalSettings\\General\\EnableAutoScalingUI");
-    expected.push_back("GlobalSettings\\General\\ManualScalingRatioUI");
-    expected.push_back("GlobalSettings\\General\\SuppressTabletMode");
-    EXPECT_THAT(Filter(store->log, QStringLiteral("read ")), ElementsAreArray(expected));
-}
-
-TEST_F(GlobalSettingsTest, SavesInOrderAndLeavesVolatileValuesOut) {
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    settings->SetFtpPort(7, 2121);
-    settings->SetDTPBlockSize(1024);
-    store->log.clear();
+// Any non-zero word is true; help opens in the browser whatever was stored or set.
+TEST_F(GlobalSettingsTest, StoredWordsAreReadLeniently) {
+    Store({{"General/ModemAutodetection", 0u},
+           {"General/ReceiverCache", 7u},
+           {"SiteParameters/Slant", 0xFFFFFFFFu},
+           {"General/HelpDisplayingMode", 0u}});
+    auto settings = Load();
+    EXPECT_FALSE(settings->GetModemAutodetection());
+    EXPECT_TRUE(settings->GetReceiverCacheUse());
+    EXPECT_TRUE(settings->GetSiteParameters().Slant);
+    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
+    settings->SetHelpDisplayingMode(EHelpDisplayingMode(0));
     settings.reset();
-
-    std::vector<QString> expected = {
-        "GlobalSettings\\General\\AppMode",
-        "GlobalSettings\\General\\CoordSystem",
-        "GlobalSettings\\General\\HelpDisplayingMode",
-        "GlobalSettings\\General\\ModemAutodetection",
-        "GlobalSettings\\General\\ReceiverCache",
-        "GlobalSettings\\General\\Torvel_Settings",
-        "GlobalSettings\\SiteParameters\\AutoSend",
-        "GlobalSettings\\SiteParameters\\SiteName",
-        "GlobalSettings\\SiteParameters\\Description",
-        "GlobalSettings\\SiteParameters\\AntennaType",
-        "GlobalSettings\\SiteParameters\\AntennaHeight",
-        "GlobalSettings\\SiteParameters\\Slant",
-        "GlobalSettings\\SiteParameters\\Dynamics",
-    };
-    for (int type = 0; type < 19; ++type)
-        expected.push_back(QStringLiteral("GlobalSettings\\SolutionsColors\\Color#%1").arg(type));
-    expected.push_back("GlobalSettings\\General\\EnableAutoScalingUI");
-    expected.push_back("GlobalSettings\\General\\ManualScalingRatioUI");
-    // Tablet mode is only ever written by its setter; FTP ports and DTP values never.
-    EXPECT_THAT(Filter(store->log, QStringLiteral("write ")), ElementsAreArray(expected));
+    EXPECT_EQ(Stored()["General/HelpDisplayingMode"], QStringLiteral("1"));
 }
 
-TEST_F(GlobalSettingsTest, TabletModeIsWrittenAtOnce) {
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    store->log.clear();
-    settings->SuppressTabletMode(true);
-    EXPECT_THAT(
-        store->log,
-        ElementsAreArray({QStringLiteral("write GlobalSettings\\General\\SuppressTabletMode"),
-                          QStringLiteral("flush")}));
-    EXPECT_EQ(store->values["GlobalSettings\\General\\SuppressTabletMode"].toUInt(), 1u);
+// Written with a decimal point whatever the user's locale, and read back the same way.
+TEST_F(GlobalSettingsTest, AntennaHeightTextReadsAsANumber) {
+    const std::pair<const char*, float> cases[] = {
+        {"1.500000", 1.5F}, {"2", 2.0F}, {"abc", 0.0F}, {"", 0.0F}, {"-0.25", -0.25F}};
+    for (const auto& [text, height] : cases) {
+        Store({{"SiteParameters/AntennaHeight", QString::fromLatin1(text)}});
+        EXPECT_FLOAT_EQ(Load()->GetSiteParameters().AntennaHeight, height) << text;
+    }
 }
 
 TEST_F(GlobalSettingsTest, ScalingRatioIsStoredTruncatedToThousandths) {
     struct Case {
         double ratio;
-        std::uint32_t stored;
+        const char* stored;
         double reloaded;
     };
-    const Case cases[] = {
-        {1.2345, 1234, 1.234}, {1.0, 1000, 1.0}, {0.9999, 999, 0.999},
-        {2.5, 2500, 2.5},      {0.0, 0, 0.0},
-    };
+    const Case cases[] = {{1.2345, "1234", 1.234}, {0.9999, "999", 0.999}, {2.5, "2500", 2.5}};
     for (const Case& c : cases) {
-        auto fresh = std::make_shared<RecordingStore>();
-        auto settings = GlobalSettingsTestAccess::Make(fresh);
-        settings->SetManualScalingRatio(c.ratio);
-        settings.reset();
-        EXPECT_EQ(fresh->values["GlobalSettings\\General\\ManualScalingRatioUI"].toUInt(), c.stored)
-            << c.ratio;
-        EXPECT_DOUBLE_EQ(GlobalSettingsTestAccess::Make(fresh)->GetManualScalingRatio(),
-                         c.reloaded);
+        Load()->SetManualScalingRatio(c.ratio);
+        EXPECT_EQ(Stored()["General/ManualScalingRatioUI"], QLatin1String(c.stored)) << c.ratio;
+        EXPECT_DOUBLE_EQ(Load()->GetManualScalingRatio(), c.reloaded);
     }
+}
+
+TEST_F(GlobalSettingsTest, TabletModeIsWrittenAtOnce) {
+    // Named first: a QSettings that goes away writes what every other one has pending.
+    QFile file(pell::test::SettingsFile());
+    auto settings = Load();
+    settings->SuppressTabletMode(true);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("SuppressTabletMode=1"));
 }
 
 TEST_F(GlobalSettingsTest, FtpPortsAreAVolatileMap) {
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    unsigned short port = 99;
-    EXPECT_FALSE(settings->GetFtpPort(1, port));
-    EXPECT_EQ(port, 0);
-
+    auto settings = Load();
+    // The port read back; when there is none, the out value is cleared.
+    const auto port = [&](int device) -> std::optional<unsigned short> {
+        unsigned short value = 99;
+        if (settings->GetFtpPort(device, value))
+            return value;
+        EXPECT_EQ(value, 0);
+        return std::nullopt;
+    };
+    EXPECT_EQ(port(1), std::nullopt);
     settings->SetFtpPort(1, 21);
     settings->SetFtpPort(2, 2121);
     settings->SetFtpPort(1, 8021); // replaces
-    EXPECT_TRUE(settings->GetFtpPort(1, port));
-    EXPECT_EQ(port, 8021);
-
+    EXPECT_EQ(port(1), 8021);
     settings->SetFtpPort(1, 0); // removes
-    port = 99;
-    EXPECT_FALSE(settings->GetFtpPort(1, port));
-    EXPECT_EQ(port, 0);
-    EXPECT_TRUE(settings->GetFtpPort(2, port));
-    EXPECT_EQ(port, 2121);
-
+    EXPECT_EQ(port(1), std::nullopt);
+    EXPECT_EQ(port(2), 2121);
     settings->ResetVolatileSettings();
-    EXPECT_FALSE(settings->GetFtpPort(2, port));
-    EXPECT_EQ(port, 0);
+    EXPECT_EQ(port(2), std::nullopt);
 }
 
-TEST_F(GlobalSettingsTest, HelpModeCannotLeaveTheBrowser) {
-    store->values["GlobalSettings\\General\\HelpDisplayingMode"] = 0u;
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
-    settings->SetHelpDisplayingMode(EHelpDisplayingMode(0));
-    EXPECT_EQ(settings->GetHelpDisplayingMode(), 1u);
-    settings.reset();
-    EXPECT_EQ(store->values["GlobalSettings\\General\\HelpDisplayingMode"].toUInt(), 1u);
-}
-
-TEST_F(GlobalSettingsTest, AnyNonZeroWordIsTrue) {
-    store->values["GlobalSettings\\General\\ModemAutodetection"] = 0u;
-    store->values["GlobalSettings\\General\\ReceiverCache"] = 7u;
-    store->values["GlobalSettings\\SiteParameters\\Slant"] = 0xFFFFFFFFu;
-    auto settings = GlobalSettingsTestAccess::Make(store);
-    EXPECT_FALSE(settings->GetModemAutodetection());
-    EXPECT_TRUE(settings->GetReceiverCacheUse());
-    EXPECT_TRUE(settings->GetSiteParameters().Slant);
-}
-
-TEST_F(GlobalSettingsTest, AntennaHeightTextReadsAsANumber) {
-    const std::pair<QString, float> cases[] = {
-        {"1.500000", 1.5F}, {"2", 2.0F}, {"abc", 0.0F}, {"", 0.0F}, {"-0.25", -0.25F}};
-    for (const auto& [text, height] : cases) {
-        auto fresh = std::make_shared<RecordingStore>();
-        fresh->values["GlobalSettings\\SiteParameters\\AntennaHeight"] = text;
-        EXPECT_FLOAT_EQ(GlobalSettingsTestAccess::Make(fresh)->GetSiteParameters().AntennaHeight,
-                        height)
-            << text.toStdString();
-    }
-}
-
-// The raw names and values on the real store, as another program reading them would see them.
-TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesInQSettings) {
-    auto settings = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
+// The raw names and values, as another program reading them would see them; every value comes
+// back under the name it was written with.
+TEST_F(GlobalSettingsTest, StoresRawNamesAndValuesAndReadsThemBack) {
+    auto settings = Load();
     settings->SetApplicationMode(EApplicationMode(3));
     settings->SetCoordSystem(CoordSystemCartesian);
     settings->SetModemAutodetection(false);
     settings->SetReceiverCacheUse(true);
     settings->SetTorvelSettings({0x3F});
-    SiteParameters site;
-    site.AutoSend = false;
-    site.SiteName = QStringLiteral("Hügel 7");
-    site.Description = QStringLiteral("north \"corner\"");
-    site.AntennaType = QStringLiteral("ANT-2");
-    site.AntennaHeight = 1.5F;
-    site.Slant = true;
-    site.Dynamics = true;
-    settings->SetSiteParameters(site);
-    settings->SetSolutionTypeColor(ESolutionType::RtkFixed, 0x00112233);
+    settings->SetSiteParameters({false, QStringLiteral("Hügel 7"),
+                                 QStringLiteral("north \"corner\""), QStringLiteral("ANT-2"), 1.5F,
+                                 true, true});
+    for (int type = 0; type < 19; ++type)
+        settings->SetSolutionTypeColor(ESolutionType(type), 0x00112200 + type);
     settings->SetManualScalingRatio(1.2345);
     settings->EnableAutoScaling(false);
     settings->SuppressTabletMode(true);
+    // Never stored.
+    settings->SetFtpPort(7, 2121);
+    settings->SetDTPBlockSize(1024);
     settings.reset();
 
-    QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
-    const std::pair<const char*, QVariant> expected[] = {
-        {"GlobalSettings/General/AppMode", 3},
-        {"GlobalSettings/General/CoordSystem", 1},
-        {"GlobalSettings/General/HelpDisplayingMode", 1},
-        {"GlobalSettings/General/ModemAutodetection", 0},
-        {"GlobalSettings/General/ReceiverCache", 1},
-        {"GlobalSettings/General/Torvel_Settings", 63},
-        {"GlobalSettings/General/EnableAutoScalingUI", 0},
-        {"GlobalSettings/General/ManualScalingRatioUI", 1234},
-        {"GlobalSettings/General/SuppressTabletMode", 1},
-        {"GlobalSettings/SiteParameters/AutoSend", 0},
-        {"GlobalSettings/SiteParameters/SiteName", QStringLiteral("Hügel 7")},
-        {"GlobalSettings/SiteParameters/Description", QStringLiteral("north \"corner\"")},
-        {"GlobalSettings/SiteParameters/AntennaType", QStringLiteral("ANT-2")},
-        {"GlobalSettings/SiteParameters/AntennaHeight", QStringLiteral("1.500000")},
-        {"GlobalSettings/SiteParameters/Slant", 1},
-        {"GlobalSettings/SiteParameters/Dynamics", 1},
-        {"GlobalSettings/SolutionsColors/Color#0", 0x808080},
-        {"GlobalSettings/SolutionsColors/Color#3", 0x00112233},
-        {"GlobalSettings/SolutionsColors/Color#12", 0xFE00FE},
+    const std::map<QString, QString> stored = Stored();
+    EXPECT_EQ(stored.size(), 16u + 19u);
+    const std::pair<const char*, const char*> expected[] = {
+        {"General/AppMode", "3"},
+        {"General/CoordSystem", "1"},
+        {"General/HelpDisplayingMode", "1"},
+        {"General/ModemAutodetection", "0"},
+        {"General/ReceiverCache", "1"},
+        {"General/Torvel_Settings", "63"},
+        {"General/EnableAutoScalingUI", "0"},
+        {"General/ManualScalingRatioUI", "1234"},
+        {"General/SuppressTabletMode", "1"},
+        {"SiteParameters/AutoSend", "0"},
+        {"SiteParameters/SiteName", "Hügel 7"},
+        {"SiteParameters/Description", "north \"corner\""},
+        {"SiteParameters/AntennaType", "ANT-2"},
+        {"SiteParameters/AntennaHeight", "1.500000"},
+        {"SiteParameters/Slant", "1"},
+        {"SiteParameters/Dynamics", "1"},
+        {"SolutionsColors/Color#0", "1122816"},
+        {"SolutionsColors/Color#18", "1122834"},
     };
     for (const auto& [name, value] : expected)
-        EXPECT_EQ(raw.value(QLatin1String(name)).toString(), value.toString()) << name;
-    EXPECT_EQ(raw.allKeys().size(), 16 + 19);
+        EXPECT_EQ(stored.at(QLatin1String(name)), QString::fromUtf8(value)) << name;
 
-    auto reloaded = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
-    EXPECT_EQ(reloaded->GetSiteParameters().SiteName, QStringLiteral("Hügel 7"));
-    EXPECT_EQ(reloaded->GetSolutionTypeColor(ESolutionType::RtkFixed), 0x00112233u);
-    EXPECT_EQ(reloaded->GetTorvelSettings().flags, 0x3Fu);
-    EXPECT_TRUE(reloaded->IsTabletModeSuppressed());
-}
-
-TEST_F(GlobalSettingsTest, UnreadableStoredWordsFallBackToDefaults) {
-    {
-        QSettings raw(pell::test::SettingsFile(), QSettings::IniFormat);
-        raw.setValue("GlobalSettings/General/Torvel_Settings", "garbage");
-        raw.setValue("GlobalSettings/General/AppMode", "-5");
-        raw.setValue("GlobalSettings/SolutionsColors/Color#4", "99999999999");
-    }
-    auto settings = GlobalSettingsTestAccess::Make(std::make_shared<pell::CQSettingsStore>());
-    EXPECT_EQ(settings->GetTorvelSettings().flags, 0x09u);
-    EXPECT_EQ(settings->GetApplicationMode(), 1u);
-    EXPECT_EQ(settings->GetSolutionTypeColor(ESolutionType::RtkFloat), 0xFF0000u);
+    Load().reset();
+    EXPECT_EQ(Stored(), stored);
 }
 
 } // namespace

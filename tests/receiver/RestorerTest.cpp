@@ -1,4 +1,5 @@
 #include "SimulatedReceiver.h"
+#include "TestSupport.h"
 #include "lib/Common.h"
 #include "lib/Exceptions.h"
 #include "receiver/SettingsRestorer.h"
@@ -32,14 +33,14 @@ TEST_F(RestorerTest, SerialPortComesBackInOneLineAfterAFailure) {
     const QStringList port = {"dev/ser/b/rate", "dev/ser/b/rtscts", "dev/ser/b/stops",
                               "dev/ser/b/parity", "dev/ser/b/bits"};
     const QStringList before = Snapshot(port);
-    try {
-        Restorer restorer(mate, std::make_unique<Restorer::CSerialPortSettings>("/dev/ser/b"));
-        mate.Run(SetChoice(QStringLiteral("/dev/ser/b/rate"), QStringLiteral("921600")));
-        mate.Run(SetChoice(QStringLiteral("/dev/ser/b/parity"), QStringLiteral("E")));
-        mate.Run(SetChoice(QStringLiteral("/dev/ser/b/bits"), QStringLiteral("9")));
-        ADD_FAILURE() << "nine data bits accepted";
-    } catch (const ulm_std::CCommException&) {
-    }
+    EXPECT_THROW(
+        {
+            Restorer restorer(mate, std::make_unique<Restorer::CSerialPortSettings>("/dev/ser/b"));
+            mate.Run(SetChoice(QStringLiteral("/dev/ser/b/rate"), QStringLiteral("921600")));
+            mate.Run(SetChoice(QStringLiteral("/dev/ser/b/parity"), QStringLiteral("E")));
+            mate.Run(SetChoice(QStringLiteral("/dev/ser/b/bits"), QStringLiteral("9")));
+        },
+        ulm_std::CCommException);
     EXPECT_EQ(Snapshot(port), before);
     EXPECT_EQ(sim.Simulator().ReceivedCommands().back(),
               QStringLiteral("set,/dev/ser/b/rate,%1;set,/dev/ser/b/rtscts,%2;"
@@ -58,18 +59,19 @@ TEST_F(RestorerTest, SubtreesComeBackWithTheirListItems) {
     }
     const QStringList trees = {"app/ntrip/caster", "wlan", "pos/elm"};
     const QStringList before = Snapshot(trees);
-    try {
-        Restorer restorer(mate, {"app/ntrip/caster/*", "/par/wlan/*", "pos/elm"});
-        mate.Run(SetText(QStringLiteral("app/ntrip/caster/usr/00/name"), QStringLiteral("eve")));
-        mate.Run(QStringLiteral("remove,app/ntrip/caster/usr/01"));
-        mate.Run(QStringLiteral("create,app/ntrip/caster/usr,5"));
-        mate.Run(QStringLiteral("set,app/ntrip/caster/0/port,2102"));
-        mate.Run(SetText(QStringLiteral("wlan/ap/name"), QStringLiteral("field \"ap\"")));
-        mate.Run(QStringLiteral("set,pos/elm,15"));
-        mate.Run(QStringLiteral("set,wlan/ap/ip,10")); // not text: refused, ends the operation
-        ADD_FAILURE() << "bad address accepted";
-    } catch (const ulm_std::CCommException&) {
-    }
+    EXPECT_THROW(
+        {
+            Restorer restorer(mate, {"app/ntrip/caster/*", "/par/wlan/*", "pos/elm"});
+            mate.Run(
+                SetText(QStringLiteral("app/ntrip/caster/usr/00/name"), QStringLiteral("eve")));
+            mate.Run(QStringLiteral("remove,app/ntrip/caster/usr/01"));
+            mate.Run(QStringLiteral("create,app/ntrip/caster/usr,5"));
+            mate.Run(QStringLiteral("set,app/ntrip/caster/0/port,2102"));
+            mate.Run(SetText(QStringLiteral("wlan/ap/name"), QStringLiteral("field \"ap\"")));
+            mate.Run(QStringLiteral("set,pos/elm,15"));
+            mate.Run(QStringLiteral("set,wlan/ap/ip,10")); // not text: refused, ends the operation
+        },
+        ulm_std::CCommException);
     EXPECT_EQ(Snapshot(trees), before);
 }
 
@@ -86,16 +88,13 @@ TEST_F(RestorerTest, ACancelledOperationIsStillPutBack) {
     std::stop_source cancel;
     mate.SetCancel(cancel.get_token());
     const QString before = sim.Value(QStringLiteral("pos/elm"));
-    unsigned long code = 0;
-    try {
-        Restorer restorer(mate, {"pos/elm"});
-        mate.Run(QStringLiteral("set,pos/elm,15"));
-        cancel.request_stop();
-        mate.Run(QStringLiteral("set,pos/elm,16"));
-    } catch (const ulm_std::CWinException& e) {
-        code = e.GetErrorCode();
-    }
-    EXPECT_EQ(code, pell::ERROR_CANCELLED);
+    EXPECT_EQ(pell::test::ErrorCodeOf([&] {
+                  Restorer restorer(mate, {"pos/elm"});
+                  mate.Run(QStringLiteral("set,pos/elm,15"));
+                  cancel.request_stop();
+                  mate.Run(QStringLiteral("set,pos/elm,16"));
+              }),
+              pell::ERROR_CANCELLED);
     EXPECT_EQ(sim.Value(QStringLiteral("pos/elm")), before);
 }
 
@@ -104,13 +103,7 @@ TEST_F(RestorerTest, RestoreReportsWhatItCouldNotPutBack) {
     Restorer restorer(mate, {"pos/elm"});
     mate.Run(QStringLiteral("set,pos/elm,15"));
     sim.Simulator().GetFaults().silentPaths.insert(QStringLiteral("pos/elm"));
-    unsigned long code = 0;
-    try {
-        restorer.Restore();
-    } catch (const ulm_std::CWinException& e) {
-        code = e.GetErrorCode();
-    }
-    EXPECT_EQ(code, pell::ERROR_TIMEOUT);
+    EXPECT_EQ(pell::test::ErrorCodeOf([&] { restorer.Restore(); }), pell::ERROR_TIMEOUT);
 }
 
 TEST_F(RestorerTest, UnknownPathFailsBeforeAnythingChanges) {

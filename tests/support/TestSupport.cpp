@@ -1,7 +1,10 @@
 #include "TestSupport.h"
 
+#include "lib/Exceptions.h"
+#include "lib/PellLib.h"
 #include "lib/SettingsStore.h"
 
+#include <QLocale>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -26,6 +29,26 @@ QString SettingsFile() {
                      QString::fromLatin1(kOrganizationName),
                      QString::fromLatin1(kApplicationKeyName))
         .fileName();
+}
+
+unsigned long ErrorCodeOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ulm_std::CWinException& e) {
+        return e.GetErrorCode();
+    }
+    return 0;
+}
+
+ScopedEnglish::ScopedEnglish() {
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    g_PellLibApp.LoadTranslation(QLocale::c());
+}
+
+// Back to the process's start: the system's locale, no translation installed.
+ScopedEnglish::~ScopedEnglish() {
+    QLocale::setDefault(QLocale::system());
+    g_PellLibApp.LoadTranslation(QLocale::c());
 }
 
 ScopedPresenter::ScopedPresenter(int answer)

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,19 @@ namespace pell::test {
 void IsolateSettings();
 // The file that holds the library's settings in the isolated location.
 QString SettingsFile();
+
+// The code of the ulm_std::CWinException that `action` throws; 0 when it throws none.
+unsigned long ErrorCodeOf(const std::function<void()>& action);
+
+// The library's texts untranslated and dates in US English for the lifetime of the object, for a
+// test that checks English texts: the tests run under a German locale.
+class ScopedEnglish {
+public:
+    ScopedEnglish();
+    ~ScopedEnglish();
+    ScopedEnglish(const ScopedEnglish&) = delete;
+    ScopedEnglish& operator=(const ScopedEnglish&) = delete;
+};
 
 // Records every message box instead of showing it, answering with a preset result.
 class RecordingPresenter final : public IMessagePresenter {
