@@ -1,4 +1,5 @@
 #include "SimulatedReceiver.h"
+#include "TestSupport.h"
 #include "lib/Common.h"
 #include "lib/Exceptions.h"
 #include "receiver/VexReceiverMate.h"
@@ -195,17 +196,6 @@ TEST(Mate, KeyedListWithIndexAbove255FailsOverTheWire) {
     }
 }
 
-unsigned long WinErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const ulm_std::CWinException& e) {
-        return e.GetErrorCode();
-    } catch (const ulm_std::CException&) {
-        return 0;
-    }
-    return 0;
-}
-
 // Failures of the wait over the wire, and what the next command meets afterwards.
 TEST(Mate, WaitFailures) {
     struct Case {
@@ -232,8 +222,11 @@ TEST(Mate, WaitFailures) {
         if (c.fault)
             c.fault(sim.Simulator());
         mate.SetTimeout(100);
-        EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }), c.code) << c.name;
-        EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,rcv/uptime")); }), c.next)
+        EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
+                  c.code)
+            << c.name;
+        EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,rcv/uptime")); }),
+                  c.next)
             << c.name;
     }
 }
@@ -245,7 +238,7 @@ TEST(Mate, CancelDuringTheWaitAbandonsTheCommand) {
     Mate mate(sim.Receiver());
     mate.SetCancel(cancel.get_token());
     QTimer::singleShot(20, [&] { cancel.request_stop(); });
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
+    EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
               pell::ERROR_CANCELLED);
 
     // The late reply to the abandoned command is not taken for the next one's.
@@ -256,7 +249,7 @@ TEST(Mate, CancelDuringTheWaitAbandonsTheCommand) {
     EXPECT_EQ(sim.Receiver()->UnmatchedReplies(), 1u);
     // A cancelled mate sends nothing more.
     const qsizetype sent = sim.Simulator().ReceivedCommands().size();
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
+    EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
               pell::ERROR_CANCELLED);
     EXPECT_EQ(sim.Simulator().ReceivedCommands().size(), sent);
 }
@@ -271,7 +264,7 @@ TEST(Mate, CancelFromAWorkerThread) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
         cancel.request_stop();
     });
-    EXPECT_EQ(WinErrorOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
+    EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
               pell::ERROR_CANCELLED);
 }
 
@@ -285,7 +278,7 @@ TEST(Mate, ASecondCommandDuringTheWaitIsRefused) {
     bool sawPending = false;
     QTimer::singleShot(20, [&] {
         sawPending = Mate::IsPending(sim.Receiver().get());
-        nested = WinErrorOf([&] { mate.Run(QStringLiteral("set,pos/elm,7")); });
+        nested = pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("set,pos/elm,7")); });
     });
     const qsizetype before = sim.Simulator().ReceivedCommands().size();
     EXPECT_EQ(mate.Run(QStringLiteral("print,pos/elm")), QStringLiteral("5"));
