@@ -8,10 +8,21 @@ namespace {
 
 const QString kSimulator = QStringLiteral("--simulator");
 
+// The options that take the next argument as their value (unless given with "=").
+bool TakesNextArgument(const QString& argument) {
+    static const QStringList options = {QStringLiteral("--screenshots"),
+                                        QStringLiteral("--connect"), QStringLiteral("--serial")};
+    return options.contains(argument);
+}
+
 // QCommandLineParser knows options that always or never take a value; "--simulator" takes one
-// only when a word that is not an option follows.
+// only when a word that is not an option follows. As the value of another option it stays as is.
 void JoinSimulatorProfile(QStringList& arguments) {
     for (qsizetype i = 1; i < arguments.size(); ++i) {
+        if (TakesNextArgument(arguments[i])) {
+            ++i;
+            continue;
+        }
         if (arguments[i] != kSimulator)
             continue;
         const bool named =

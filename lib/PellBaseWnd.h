@@ -5,10 +5,12 @@
 #include "lib/Exceptions.h"
 #include "lib/PropertySheet.h"
 #include "lib/WindowMailbox.h"
+#include "receiver/VexReceiverMate.h"
 #include "rxio/Receiver.h"
 
 #include <QApplication>
 #include <QMetaObject>
+#include <QThread>
 #include <QVariant>
 #include <atomic>
 #include <chrono>
@@ -31,7 +33,12 @@ template <class Base> class CPellBaseWnd : public Base {
 public:
     template <class... BaseArgs>
     explicit CPellBaseWnd(std::shared_ptr<rxio::IReceiver> receiver, BaseArgs&&... args)
-        : Base(std::forward<BaseArgs>(args)...), m_receiver(std::move(receiver)) {}
+        : Base(std::forward<BaseArgs>(args)...), m_receiver(std::move(receiver)) {
+        // Nothing handed over by the worker runs while the window waits for the receiver: it
+        // could not talk to it then (ERROR_BUSY), and the window is in the middle of a handler.
+        m_mailbox->SetHold(
+            [this] { return m_receiver && CVexReceiverMate::IsPending(m_receiver.get()); });
+    }
 
     // The worker has been stopped by now: closing the window or the CPellWindow destructor
     // (which runs before any member of the derived window goes) does that.
@@ -76,6 +83,7 @@ protected:
     virtual void StartWorker(const QVariant& first, const QVariant& second) {
         PELL_REQUIRE(m_stopsWorkerFirst, QStringLiteral("StartWorker"), pell::ERROR_NOT_SUPPORTED);
         StopWorker();
+        ++m_workerRun;
         PrepareWorker(first, second);
         m_worker = std::jthread([this](std::stop_token stop) {
             try {
@@ -103,18 +111,31 @@ protected:
     // over) and must look at `stop` often enough for the window to close promptly.
     virtual void RunWorker(std::stop_token /*stop*/) {}
 
-    // Runs `action` on the window's thread, later, unless the window is gone by then. Safe to call
-    // from the worker. A library exception from `action` is reported.
+    // Runs `action` on the window's thread, later, unless the window is gone by then or a newer
+    // worker has started. Safe to call from the worker. A library exception from `action` is
+    // reported.
     template <class Action> void PostToWindow(Action action) {
-        m_mailbox->Post([this, action = std::move(action)]() mutable { RunUserAction(action); });
+        // Read on the worker: written only before this worker started and after it ended.
+        const int run = m_workerRun;
+        m_mailbox->Post([this, run, action = std::move(action)]() mutable {
+            if (run == m_workerRun)
+                RunUserAction(action);
+        });
     }
 
-    // From the worker: runs `action` on the window's thread (where the receiver may be used) and
-    // waits for its result. Gives nothing (false for a void action) when the stop is requested
-    // first or the window goes; a stopped worker's action is skipped if it has not started. An
-    // exception from `action` is thrown here, on the worker.
+    // From the worker: runs `action` on the window's thread (where the receiver may be used),
+    // once the window is not waiting for the receiver itself, and waits for its result. Gives an
+    // std::optional of the result (a bool for a void action: whether it ran), empty when the stop
+    // is requested first; a stopped worker's action is skipped if it has not started. Mind that
+    // an optional<bool> tests its presence, not its value. An exception from `action` is thrown
+    // here, on the worker. Never from the window's own thread: it would wait for itself.
     template <class Action> auto CallOnWindow(const std::stop_token& stop, Action action) {
+        PELL_REQUIRE(QThread::currentThread() != this->thread(), QStringLiteral("CallOnWindow"),
+                     pell::ERROR_INVALID_THREAD_ID);
         using Result = std::invoke_result_t<Action&>;
+        using Answer = std::conditional_t<std::is_void_v<Result>, bool, std::optional<Result>>;
+        if (stop.stop_requested())
+            return Answer{};
         auto promise = std::make_shared<std::promise<Result>>();
         auto givenUp = std::make_shared<std::atomic<bool>>(false);
         std::future<Result> future = promise->get_future();
@@ -132,22 +153,18 @@ protected:
                 promise->set_exception(std::current_exception());
             }
         });
-        using Answer = std::conditional_t<std::is_void_v<Result>, bool, std::optional<Result>>;
         while (future.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready) {
             if (stop.stop_requested()) {
                 *givenUp = true;
                 return Answer{};
             }
         }
-        try {
-            if constexpr (std::is_void_v<Result>) {
-                future.get();
-                return true;
-            } else {
-                return Answer{future.get()};
-            }
-        } catch (const std::future_error&) {
-            return Answer{}; // the window went before the action ran
+        // The window outlives its worker (CPellWindow), so the action has run.
+        if constexpr (std::is_void_v<Result>) {
+            future.get();
+            return true;
+        } else {
+            return Answer{future.get()};
         }
     }
 
@@ -199,6 +216,7 @@ private:
     std::shared_ptr<rxio::INotice> m_receiverGone;
     // What the worker hands to the window; a child, so it goes with the window.
     CWindowMailbox* m_mailbox = new CWindowMailbox(this);
+    int m_workerRun = 0; // counts StartWorker calls; what an earlier run posts is dropped
     std::jthread m_worker;
     bool m_stopsWorkerFirst = false;
 };

@@ -1,5 +1,6 @@
 #include "lib/WindowMailbox.h"
 
+#include <QTimer>
 #include <utility>
 
 void CWindowMailbox::Post(std::function<void()> action) {
@@ -15,6 +16,10 @@ void CWindowMailbox::Post(std::function<void()> action) {
 }
 
 void CWindowMailbox::Deliver() {
+    if (m_hold && m_hold()) {
+        QTimer::singleShot(10, this, &CWindowMailbox::Deliver);
+        return;
+    }
     for (;;) {
         std::function<void()> action;
         {

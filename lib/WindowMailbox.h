@@ -17,10 +17,13 @@ public:
 
     // From any thread: `action` runs on the mailbox's thread, later, unless the mailbox is gone.
     void Post(std::function<void()> action);
+    // On the mailbox's thread: while `hold` says so, actions wait (looked at again every 10 ms).
+    void SetHold(std::function<bool()> hold) { m_hold = std::move(hold); }
 
 private:
     Q_INVOKABLE void Deliver();
 
+    std::function<bool()> m_hold;
     std::mutex m_mutex;
     std::deque<std::function<void()>> m_actions;
 };

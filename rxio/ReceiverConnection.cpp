@@ -75,8 +75,11 @@ private:
 };
 
 std::shared_ptr<CReceiverConnection> CReceiverConnection::Create(std::unique_ptr<CLink> link) {
+    // Later, too, when the last handle goes inside one of the connection's own calls out (a
+    // signal, a notice, a completion): the code that called out still runs on it.
     return {new CReceiverConnection(std::move(link)), [](CReceiverConnection* connection) {
-                if (QThread::currentThread() == connection->thread())
+                if (QThread::currentThread() == connection->thread() &&
+                    connection->m_callingOut == 0)
                     delete connection;
                 else
                     connection->deleteLater();
@@ -210,6 +213,7 @@ void CReceiverConnection::Disconnect() {
 }
 
 void CReceiverConnection::OnReadyRead() {
+    const CallingOut guard(m_callingOut);
     const QByteArray bytes = m_link->Device().readAll();
     if (bytes.isEmpty())
         return;
@@ -251,6 +255,7 @@ void CReceiverConnection::Deliver(CommandId id, Completion done, CommandResult r
     QMetaObject::invokeMethod(
         this,
         [this, id, done = std::move(done), result = std::move(result)] {
+            const CallingOut guard(m_callingOut);
             if (m_delivering.erase(id) != 0 && done)
                 done(result);
         },
@@ -269,6 +274,7 @@ void CReceiverConnection::SendNext() {
 }
 
 void CReceiverConnection::OnLost(const QString& reason) {
+    const CallingOut guard(m_callingOut);
     if (!m_connected)
         return;
     EndSession();

@@ -57,6 +57,15 @@ private:
     };
     class RawPort;
 
+    // Counts the calls out (signals, notices, completions) under way.
+    struct CallingOut {
+        explicit CallingOut(int& depth) : m_depth(++depth) {}
+        ~CallingOut() { --m_depth; }
+        CallingOut(const CallingOut&) = delete;
+        CallingOut& operator=(const CallingOut&) = delete;
+        int& m_depth;
+    };
+
     explicit CReceiverConnection(std::unique_ptr<CLink> link);
     ~CReceiverConnection() override;
 
@@ -85,6 +94,7 @@ private:
     std::vector<std::pair<std::weak_ptr<INotice>, ENotification>> m_notices;
     ReceiverIdentity m_identity;
     std::uint64_t m_unmatched = 0;
+    int m_callingOut = 0;
 };
 
 } // namespace rxio
