@@ -115,10 +115,11 @@ protected:
     // worker has started. Safe to call from the worker. A library exception from `action` is
     // reported.
     template <class Action> void PostToWindow(Action action) {
-        // Read on the worker: written only before this worker started and after it ended.
-        const int run = m_workerRun;
+        // What a worker posts belongs to its run (m_workerRun is written only before a worker
+        // starts and after it ended); what the window posts to itself always runs.
+        const int run = QThread::currentThread() == this->thread() ? -1 : m_workerRun;
         m_mailbox->Post([this, run, action = std::move(action)]() mutable {
-            if (run == m_workerRun)
+            if (run < 0 || run == m_workerRun)
                 RunUserAction(action);
         });
     }
