@@ -81,13 +81,6 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
     EXPECT_EQ(state.Messages().at(QStringLiteral("dev/ser/a")), QStringList{"jps/RT"});
 }
 
-TEST_F(ReceiverStateTest, RefusingPortsDenyMessagesAndOutput) {
-    state.RefusingPorts().insert(QStringLiteral("dev/ser/a"));
-    EXPECT_EQ(Run("em,/dev/ser/a,jps/RT").text, QStringLiteral("{2,,access denied}"));
-    EXPECT_EQ(Run("out,/dev/ser/a,\"x\"").text, QStringLiteral("{2,,access denied}"));
-    EXPECT_FALSE(Run("dm,/dev/ser/a").error);
-}
-
 TEST(ReceiverStateProfiles, FeaturesDecideWhichPathsExist) {
     CReceiverState beta(SmallModel(), *SmallModel().FindProfile(QStringLiteral("BETA")));
     rxsim::SideEffects effects;
