@@ -7,18 +7,15 @@
 
 namespace {
 
+using pell::test::SmallModel;
 using rxsim::CModel;
 using rxsim::CReceiverState;
-
-const CModel& SmallModel() {
-    return *pell::test::SmallModel();
-}
 
 class ReceiverStateTest : public testing::Test {
 protected:
     rxsim::Answer Run(const QString& line) { return state.Execute(line, effects); }
 
-    CReceiverState state{SmallModel(), *SmallModel().FindProfile(QStringLiteral("alpha"))};
+    CReceiverState state{*SmallModel(), *SmallModel()->FindProfile(QStringLiteral("alpha"))};
     rxsim::SideEffects effects;
 };
 
@@ -82,7 +79,7 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
 }
 
 TEST(ReceiverStateProfiles, FeaturesDecideWhichPathsExist) {
-    CReceiverState beta(SmallModel(), *SmallModel().FindProfile(QStringLiteral("BETA")));
+    CReceiverState beta(*SmallModel(), *SmallModel()->FindProfile(QStringLiteral("BETA")));
     rxsim::SideEffects effects;
     EXPECT_EQ(beta.Execute("print,net/wifi/ssid", effects).text,
               QStringLiteral("{1,,unknown path}"));
