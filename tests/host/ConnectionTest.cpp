@@ -1,17 +1,15 @@
 #include "Connection.h"
 
-#include "Model.h"
 #include "Pty.h"
-#include "Simulator.h"
+#include "SimulatedReceiver.h"
 #include "TestSupport.h"
 #include "lib/ControllerHardware.h"
 #include "lib/PellGlobalSettings.h"
 #include "lib/PellLib.h"
 
-#include <QEventLoop>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTimer>
+#include <QTest>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -23,21 +21,7 @@ using EState = Connection::EState;
 using pell::CSimulatedControllerHardware;
 using pell::EDevice;
 
-std::shared_ptr<const rxsim::CModel> SmallModel() {
-    static const auto model = std::make_shared<const rxsim::CModel>(
-        rxsim::CModel::Load(QStringLiteral(TEST_DATA_DIR "/model-small.json")));
-    return model;
-}
-
-// Turns the event loop until `done` or `ms` have passed.
-bool WaitFor(const std::function<bool()>& done, int ms = 3000) {
-    for (int i = 0; i < ms / 10 && !done(); ++i) {
-        QEventLoop loop;
-        QTimer::singleShot(10, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-    return done();
-}
+using pell::test::SmallModel;
 
 // Everything a connection can meet: a controller whose internal receiver is a pseudo-terminal,
 // a simulated receiver behind a TCP port, and the library's hooks counted on their way.
@@ -69,6 +53,17 @@ struct Rig {
     }
     ~Rig() { pell::SetControllerHardware(nullptr); }
 
+    bool Identified() {
+        return QTest::qWaitFor([this] { return !connection->Identity().model.isEmpty(); });
+    }
+    // Connected over TCP and identified, the receiver's side drops the connection.
+    void LoseTcp() {
+        connection->Open(Tcp());
+        EXPECT_EQ(connection->State(), EState::Connecting);
+        EXPECT_TRUE(Identified());
+        served->abort();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return connection->State() == EState::Lost; }));
+    }
     ReceiverTarget Tcp() const { return {ReceiverTarget::Tcp, "127.0.0.1", server.serverPort()}; }
     ReceiverTarget InternalSerial() const {
         return {ReceiverTarget::Serial, pty.SlavePath(), 115200};
@@ -100,7 +95,7 @@ TEST(ConnectionTest, EveryOpenedPortIsClosedOnce) {
         {"simulator, closed",
          [&](Rig& rig) {
              rig.connection->Open(simulator);
-             EXPECT_TRUE(WaitFor([&] { return !rig.connection->Identity().model.isEmpty(); }));
+             EXPECT_TRUE(rig.Identified());
              rig.connection->Close();
          },
          EState::Closed, false, 1, 1, 0},
@@ -137,21 +132,14 @@ TEST(ConnectionTest, EveryOpenedPortIsClosedOnce) {
          EState::Closed, true, 1, 0, 0},
         {"tcp, lost",
          [](Rig& rig) {
-             rig.connection->Open(rig.Tcp());
-             EXPECT_EQ(rig.connection->State(), EState::Connecting);
-             EXPECT_TRUE(WaitFor([&] { return !rig.connection->Identity().model.isEmpty(); }));
-             rig.served->abort();
-             EXPECT_TRUE(WaitFor([&] { return rig.connection->State() == EState::Lost; }));
+             rig.LoseTcp();
              // The receiver that was there is still shown, as such.
              EXPECT_EQ(rig.connection->Identity().model, QStringLiteral("Ostrel Q"));
          },
          EState::Lost, true, 1, 1, 0},
         {"tcp, lost, then closed",
          [](Rig& rig) {
-             rig.connection->Open(rig.Tcp());
-             EXPECT_TRUE(WaitFor([&] { return rig.served != nullptr; }));
-             rig.served->abort();
-             EXPECT_TRUE(WaitFor([&] { return rig.connection->State() == EState::Lost; }));
+             rig.LoseTcp();
              rig.connection->Close();
          },
          EState::Closed, false, 1, 1, 0},
@@ -160,7 +148,8 @@ TEST(ConnectionTest, EveryOpenedPortIsClosedOnce) {
              const ReceiverTarget target = rig.Tcp();
              rig.server.close();
              rig.connection->Open(target);
-             EXPECT_TRUE(WaitFor([&] { return rig.connection->State() != EState::Connecting; }));
+             EXPECT_TRUE(
+                 QTest::qWaitFor([&] { return rig.connection->State() != EState::Connecting; }));
          },
          EState::Closed, true, 1, 1, 0},
         {"tcp, cancelled",
@@ -168,7 +157,7 @@ TEST(ConnectionTest, EveryOpenedPortIsClosedOnce) {
              rig.connection->Open(rig.Tcp());
              rig.connection->Close();
              // Nothing of the cancelled attempt comes back.
-             WaitFor([&] { return rig.connection->State() != EState::Closed; }, 200);
+             QTest::qWait(200);
          },
          EState::Closed, false, 1, 1, 0},
         {"tcp, window closed while connecting",

@@ -39,233 +39,138 @@ private:
     CommandId m_abandoned = 0;
 };
 
-enum EOutcome { Returns, CommError, WinError };
+QString Code(unsigned long code) {
+    return QStringLiteral("code %1").arg(code);
+}
 
-struct ReplyCase {
-    const char* name;
-    CommandResult answer;
-    const char* command;
-    Mate::EQuotes quotes;
-    EOutcome outcome;
-    const char* value; // the returned text, or the reply carried by a communication error
-    unsigned long code = 0;
-};
-
-class ReplyClasses : public testing::TestWithParam<ReplyCase> {};
-
-TEST_P(ReplyClasses, AreClassified) {
-    const ReplyCase& c = GetParam();
-    Mate mate(std::make_shared<ScriptedReceiver>(c.answer));
+// What Run comes to: the reply, "ER <reply>" for the receiver's error, "code <n>" for a failure
+// of the wait. Either exception names the command.
+QString Outcome(const Mate& mate, const QString& command, Mate::EQuotes quotes = Mate::KeepQuotes,
+                const Mate::Validator& validator = {}) {
     try {
-        const QString reply = mate.Run(QString::fromUtf8(c.command), c.quotes);
-        EXPECT_EQ(c.outcome, Returns);
-        EXPECT_EQ(reply, QString::fromUtf8(c.value));
+        return mate.Run(command, quotes, validator);
     } catch (const ulm_std::CCommException& e) {
-        EXPECT_EQ(c.outcome, CommError);
-        EXPECT_EQ(e.GetReply(), QString::fromUtf8(c.value));
         EXPECT_EQ(e.GetDevice(), QStringLiteral("Receiver"));
-        EXPECT_EQ(e.GetCommand(), QString::fromUtf8(c.command));
+        EXPECT_EQ(e.GetCommand(), command);
+        return QStringLiteral("ER ") + e.GetReply();
     } catch (const ulm_std::CWinException& e) {
-        EXPECT_EQ(c.outcome, WinError);
-        EXPECT_EQ(e.GetErrorCode(), c.code);
-        EXPECT_EQ(e.GetOperation(), QString::fromUtf8(c.command));
+        EXPECT_EQ(e.GetOperation(), command);
+        return Code(e.GetErrorCode());
     }
 }
 
-const CommandResult::EStatus kDone = CommandResult::Completed;
-
-INSTANTIATE_TEST_SUITE_P(
-    Mate, ReplyClasses,
-    testing::Values(
-        ReplyCase{
-            "plain", {kDone, false, " 115200 \t"}, "print,a", Mate::KeepQuotes, Returns, "115200"},
-        ReplyCase{
-            "quotedKept", {kDone, false, "\"ab\""}, "print,a", Mate::KeepQuotes, Returns, "\"ab\""},
-        ReplyCase{"quotedRemoved",
-                  {kDone, false, " \"a\\\"b\\\\c\" "},
-                  "print,a",
-                  Mate::RemoveQuotes,
-                  Returns,
-                  "a\"b\\c"},
-        ReplyCase{"twoQuotedTextsStay",
-                  {kDone, false, "\"a\",\"b\""},
-                  "print,a",
-                  Mate::RemoveQuotes,
-                  Returns,
-                  "\"a\",\"b\""},
-        ReplyCase{
-            "emptyQuoted", {kDone, false, "\"\""}, "print,a", Mate::RemoveQuotes, Returns, ""},
-        ReplyCase{"errorReply",
-                  {kDone, true, "{2,,value out of range}"},
-                  "set,a,9",
-                  Mate::KeepQuotes,
-                  CommError,
-                  "{2,,value out of range}"},
-        ReplyCase{"deniedForSet",
-                  {kDone, true, "{2,,access denied}"},
-                  "set,a,9",
-                  Mate::KeepQuotes,
-                  CommError,
-                  "{2,,access denied}"},
-        ReplyCase{"deniedForEm",
-                  {kDone, true, "{2,,access denied}"},
-                  "em,/dev/ble/a,nmea",
-                  Mate::KeepQuotes,
-                  Returns,
-                  "{2,,access denied}"},
-        ReplyCase{"deniedForOutAnyCase",
-                  {kDone, true, "{2,,Access Denied}"},
-                  "out,/dev/ble/a,\"x\"",
-                  Mate::KeepQuotes,
-                  Returns,
-                  "{2,,Access Denied}"},
-        ReplyCase{"otherErrorForEm",
-                  {kDone, true, "{1,,unknown path}"},
-                  "em,/dev/x,nmea",
-                  Mate::KeepQuotes,
-                  CommError,
-                  "{1,,unknown path}"},
-        ReplyCase{"deniedForDm",
-                  {kDone, true, "{2,,access denied}"},
-                  "dm,/dev/ble/a",
-                  Mate::KeepQuotes,
-                  CommError,
-                  "{2,,access denied}"},
-        ReplyCase{"timedOut",
-                  {CommandResult::TimedOut, false, ""},
-                  "print,a",
-                  Mate::KeepQuotes,
-                  WinError,
-                  "",
-                  pell::ERROR_TIMEOUT},
-        ReplyCase{"disconnected",
-                  {CommandResult::Disconnected, false, ""},
-                  "print,a",
-                  Mate::KeepQuotes,
-                  WinError,
-                  "",
-                  pell::ERROR_DEV_NOT_EXIST},
-        ReplyCase{"refusedUnsent",
-                  {CommandResult::Refused, false, ""},
-                  "print,a",
-                  Mate::KeepQuotes,
-                  WinError,
-                  "",
-                  pell::ERROR_INVALID_PARAMETER}),
-    [](const testing::TestParamInfo<ReplyCase>& param) { return std::string(param.param.name); });
-
-TEST(Mate, ValidatorRejectsAReplyAsAReceiverError) {
-    Mate mate(std::make_shared<ScriptedReceiver>(CommandResult{kDone, false, "abc"}));
-    const auto isNumber = [](const QString& reply) {
-        bool ok = false;
-        reply.toInt(&ok);
-        return ok;
+TEST(Mate, RepliesAreClassified) {
+    using enum CommandResult::EStatus;
+    const auto keep = Mate::KeepQuotes;
+    const auto remove = Mate::RemoveQuotes;
+    const struct {
+        CommandResult answer;
+        const char* command;
+        Mate::EQuotes quotes;
+        QString outcome;
+    } cases[] = {
+        {{Completed, false, " 115200 \t"}, "print,a", keep, "115200"},
+        {{Completed, false, "\"ab\""}, "print,a", keep, "\"ab\""},
+        {{Completed, false, " \"a\\\"b\\\\c\" "}, "print,a", remove, "a\"b\\c"},
+        {{Completed, false, "\"a\",\"b\""}, "print,a", remove, "\"a\",\"b\""},
+        {{Completed, true, "{3,,bad syntax}"}, "set,a,9", keep, "ER {3,,bad syntax}"},
+        {{Completed, true, "{2,,access denied}"}, "set,a,9", keep, "ER {2,,access denied}"},
+        // A port that takes no output is no failure of em or out.
+        {{Completed, true, "{2,,access denied}"}, "em,b,nmea", keep, "{2,,access denied}"},
+        {{Completed, true, "{2,,Access Denied}"}, "out,b,\"x\"", keep, "{2,,Access Denied}"},
+        {{Completed, true, "{1,,unknown path}"}, "em,x,nmea", keep, "ER {1,,unknown path}"},
+        {{Completed, true, "{2,,access denied}"}, "dm,b", keep, "ER {2,,access denied}"},
+        {{TimedOut, false, {}}, "print,a", keep, Code(pell::ERROR_TIMEOUT)},
+        {{Disconnected, false, {}}, "print,a", keep, Code(pell::ERROR_DEV_NOT_EXIST)},
+        {{Refused, false, {}}, "print,a", keep, Code(pell::ERROR_INVALID_PARAMETER)},
     };
-    try {
-        mate.Run(QStringLiteral("print,a"), Mate::KeepQuotes, isNumber);
-        ADD_FAILURE() << "accepted";
-    } catch (const ulm_std::CCommException& e) {
-        EXPECT_EQ(e.GetReply(), QStringLiteral("abc"));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.command + (' ' + c.answer.reply.toStdString()));
+        const Mate mate(std::make_shared<ScriptedReceiver>(c.answer));
+        EXPECT_EQ(Outcome(mate, QString::fromUtf8(c.command), c.quotes), c.outcome);
     }
+    const Mate mate(std::make_shared<ScriptedReceiver>(CommandResult{Completed, false, "abc"}));
+    EXPECT_EQ(Outcome(mate, "print,a", keep, [](const QString& r) { return r == "1"; }), "ER abc");
 }
 
-// The same classes over the wire, from the simulated receiver's own replies.
-TEST(Mate, SimulatedReceiverReplies) {
+// The simulated receiver's refusal of output is the one the mate lets pass.
+TEST(Mate, PortsWithoutOutputOverTheWire) {
     pell::test::SimulatedReceiver sim;
-    Mate mate(sim.Receiver());
-    EXPECT_EQ(mate.Run(QStringLiteral("print,rcv/id"), Mate::RemoveQuotes),
-              QStringLiteral("SN-0042A"));
-    EXPECT_EQ(mate.Run(QStringLiteral("em,/dev/ble/a,nmea")), QStringLiteral("{2,,access denied}"));
-    EXPECT_EQ(mate.Run(QStringLiteral("out,/dev/ntrip/a,\"x\"")),
-              QStringLiteral("{2,,access denied}"));
-    EXPECT_THROW(mate.Run(QStringLiteral("set,rcv/uptime,0")), ulm_std::CCommException);
-    EXPECT_THROW(mate.Run(QStringLiteral("print,/par/none")), ulm_std::CCommException);
+    const Mate mate(sim.Receiver());
+    EXPECT_EQ(Outcome(mate, "em,/dev/ble/a,nmea"), "{2,,access denied}");
+    EXPECT_EQ(Outcome(mate, "out,/dev/ntrip/a,\"x\""), "{2,,access denied}");
 }
 
-TEST(Mate, KeyedListWithIndexAbove255FailsOverTheWire) {
-    pell::test::SimulatedReceiver sim;
-    Mate mate(sim.Receiver());
-    mate.Run(QStringLiteral("set,ref/avg/list/curpnt/fill,{0={name=\"a\"},300={name=\"b\"}}"));
-    const QString reply = mate.Run(QStringLiteral("print,ref/avg/list/curpnt/fill"));
+TEST(Mate, AKeyedListThatFailsNamesTheOperation) {
     try {
-        Mate::SplitKeyedList(reply, QStringLiteral("Ntrip_Caster_GetUsers"));
-        ADD_FAILURE() << "accepted " << reply.toStdString();
+        Mate::SplitKeyedList(QStringLiteral("{0=a,300=b}"),
+                             QStringLiteral("Ntrip_Caster_GetUsers"));
+        ADD_FAILURE() << "accepted";
     } catch (const ulm_std::CWinException& e) {
-        EXPECT_EQ(e.GetErrorCode(), pell::ERROR_INVALID_PARAMETER);
         EXPECT_EQ(e.GetOperation(), QStringLiteral("Ntrip_Caster_GetUsers"));
     }
 }
 
 // Failures of the wait over the wire, and what the next command meets afterwards.
 TEST(Mate, WaitFailures) {
-    struct Case {
+    const struct {
         const char* name;
         std::function<void(rxsim::CSimulator&)> fault; // null: no receiver at all
-        unsigned long code;
-        unsigned long next; // 0: the next command is answered
-    };
-    const Case cases[] = {
+        QString outcome;
+        QString next;
+    } cases[] = {
         {"time-out",
          [](rxsim::CSimulator& s) { s.GetFaults().silentPaths.insert(QStringLiteral("pos/elm")); },
-         pell::ERROR_TIMEOUT, 0},
+         Code(pell::ERROR_TIMEOUT), "0"},
         {"connection lost",
          [](rxsim::CSimulator& s) {
              s.GetFaults().latencyMs = 300;
              s.DropAfter(20);
          },
-         pell::ERROR_DEV_NOT_EXIST, pell::ERROR_DEV_NOT_EXIST},
-        {"no receiver", nullptr, pell::ERROR_DEV_NOT_EXIST, pell::ERROR_DEV_NOT_EXIST},
+         Code(pell::ERROR_DEV_NOT_EXIST), Code(pell::ERROR_DEV_NOT_EXIST)},
+        {"no receiver", nullptr, Code(pell::ERROR_DEV_NOT_EXIST), Code(pell::ERROR_DEV_NOT_EXIST)},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
         pell::test::SimulatedReceiver sim;
         Mate mate(c.fault ? sim.Receiver() : nullptr);
         if (c.fault)
             c.fault(sim.Simulator());
         mate.SetTimeout(100);
-        EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
-                  c.code)
-            << c.name;
-        EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,rcv/uptime")); }),
-                  c.next)
-            << c.name;
+        EXPECT_EQ(Outcome(mate, "print,pos/elm"), c.outcome);
+        EXPECT_EQ(Outcome(mate, "print,rcv/uptime"), c.next);
     }
 }
 
+// A cancel from the window's own thread (its Cancel button) or from a worker ends the wait and
+// abandons the command: its late reply is not taken for the next one's, and the mate sends
+// nothing more.
 TEST(Mate, CancelDuringTheWaitAbandonsTheCommand) {
-    pell::test::SimulatedReceiver sim;
-    sim.Simulator().GetFaults().latencyMs = 200;
-    std::stop_source cancel;
-    Mate mate(sim.Receiver());
-    mate.SetCancel(cancel.get_token());
-    QTimer::singleShot(20, [&] { cancel.request_stop(); });
-    EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
-              pell::ERROR_CANCELLED);
+    for (const bool fromWorker : {false, true}) {
+        SCOPED_TRACE(fromWorker ? "from a worker" : "from the window");
+        pell::test::SimulatedReceiver sim;
+        sim.Simulator().GetFaults().latencyMs = 200;
+        std::stop_source cancel;
+        Mate mate(sim.Receiver());
+        mate.SetCancel(cancel.get_token());
+        std::jthread worker;
+        if (fromWorker)
+            worker = std::jthread([&] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                cancel.request_stop();
+            });
+        else
+            QTimer::singleShot(20, [&] { cancel.request_stop(); });
+        EXPECT_EQ(Outcome(mate, "print,pos/elm"), Code(pell::ERROR_CANCELLED));
 
-    // The late reply to the abandoned command is not taken for the next one's.
-    sim.Simulator().GetFaults().latencyMs = 0;
-    pell::test::Spin(300);
-    Mate fresh(sim.Receiver());
-    EXPECT_EQ(fresh.Run(QStringLiteral("print,rcv/uptime")), QStringLiteral("0"));
-    EXPECT_EQ(sim.Receiver()->UnmatchedReplies(), 1u);
-    // A cancelled mate sends nothing more.
-    const qsizetype sent = sim.Simulator().ReceivedCommands().size();
-    EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
-              pell::ERROR_CANCELLED);
-    EXPECT_EQ(sim.Simulator().ReceivedCommands().size(), sent);
-}
-
-TEST(Mate, CancelFromAWorkerThread) {
-    pell::test::SimulatedReceiver sim;
-    sim.Simulator().GetFaults().latencyMs = 500;
-    std::stop_source cancel;
-    Mate mate(sim.Receiver());
-    mate.SetCancel(cancel.get_token());
-    std::jthread worker([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        cancel.request_stop();
-    });
-    EXPECT_EQ(pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("print,pos/elm")); }),
-              pell::ERROR_CANCELLED);
+        sim.Simulator().GetFaults().latencyMs = 0;
+        pell::test::Spin(300);
+        EXPECT_EQ(Outcome(Mate(sim.Receiver()), "print,rcv/uptime"), "0");
+        EXPECT_EQ(sim.Receiver()->UnmatchedReplies(), 1u);
+        const qsizetype sent = sim.Simulator().ReceivedCommands().size();
+        EXPECT_EQ(Outcome(mate, "print,pos/elm"), Code(pell::ERROR_CANCELLED));
+        EXPECT_EQ(sim.Simulator().ReceivedCommands().size(), sent);
+    }
 }
 
 // A timer firing during the wait (the window stays alive) must not put a second command on
@@ -274,16 +179,16 @@ TEST(Mate, ASecondCommandDuringTheWaitIsRefused) {
     pell::test::SimulatedReceiver sim;
     sim.Simulator().GetFaults().latencyMs = 150;
     Mate mate(sim.Receiver());
-    unsigned long nested = 0;
+    QString nested;
     bool sawPending = false;
     QTimer::singleShot(20, [&] {
         sawPending = Mate::IsPending(sim.Receiver().get());
-        nested = pell::test::ErrorCodeOf([&] { mate.Run(QStringLiteral("set,pos/elm,7")); });
+        nested = Outcome(mate, "set,pos/elm,7");
     });
     const qsizetype before = sim.Simulator().ReceivedCommands().size();
     EXPECT_EQ(mate.Run(QStringLiteral("print,pos/elm")), QStringLiteral("5"));
     EXPECT_TRUE(sawPending);
-    EXPECT_EQ(nested, pell::ERROR_BUSY);
+    EXPECT_EQ(nested, Code(pell::ERROR_BUSY));
     EXPECT_EQ(sim.Simulator().ReceivedCommands().mid(before), QStringList{"print,pos/elm"});
     EXPECT_FALSE(Mate::IsPending(sim.Receiver().get()));
 }

@@ -13,6 +13,12 @@ std::shared_ptr<const rxsim::CModel> ShippedModel() {
     return model;
 }
 
+std::shared_ptr<const rxsim::CModel> SmallModel() {
+    static const auto model = std::make_shared<const rxsim::CModel>(
+        rxsim::CModel::Load(QStringLiteral(TEST_DATA_DIR "/model-small.json")));
+    return model;
+}
+
 SimulatedReceiver::SimulatedReceiver(const QString& profile)
     : m_simulator(ShippedModel(), profile) {
     auto [mine, theirs] = rxio::CPipeEnd::CreatePair();

@@ -11,6 +11,8 @@ namespace pell::test {
 
 // The shipped simulator model, loaded once.
 std::shared_ptr<const rxsim::CModel> ShippedModel();
+// The tests' small model (tests/data/model-small.json), loaded once.
+std::shared_ptr<const rxsim::CModel> SmallModel();
 
 // A simulated receiver with the library's connection to it over the in-process link.
 class SimulatedReceiver {
