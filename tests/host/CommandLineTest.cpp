@@ -77,4 +77,13 @@ TEST(CommandLineTest, ReceiverTargets) {
     }
 }
 
+// "--simulator" that is the value of another option is that option's value.
+TEST(CommandLineTest, AnOptionsValueStaysAsTyped) {
+    CommandLine commandLine({QStringLiteral("alpha")});
+    ASSERT_TRUE(commandLine.Parse({QStringLiteral("dorrit"), QStringLiteral("--screenshots"),
+                                   QStringLiteral("--simulator")}));
+    EXPECT_EQ(commandLine.ScreenshotFolder(), QStringLiteral("--simulator"));
+    EXPECT_FALSE(commandLine.Target());
+}
+
 } // namespace

@@ -7,6 +7,7 @@
 #include "lib/PellGlobalSettings.h"
 #include "lib/PellLib.h"
 
+#include <QCoreApplication>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
@@ -155,6 +156,8 @@ TEST(ConnectionTest, EveryOpenedPortIsClosedOnce) {
         {"tcp, cancelled",
          [](Rig& rig) {
              rig.connection->Open(rig.Tcp());
+             // The socket is on its way before it is cancelled.
+             QCoreApplication::processEvents();
              rig.connection->Close();
              // Nothing of the cancelled attempt comes back.
              QTest::qWait(200);
