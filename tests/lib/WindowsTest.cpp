@@ -288,9 +288,9 @@ TEST(WindowsTest, FailuresOfTheWindowsOwnHandlersAreReportedAndCancelIt) {
 
         EXPECT_EQ(Exec(*w.window), pell::IDCANCEL) << c.failing;
         ASSERT_EQ(presenter.Boxes().size(), 1U) << c.failing;
-        QWidget* failing =
-            c.failing[0] == 'A' ? static_cast<QWidget*>(w.firstPage) : w.window.get();
-        EXPECT_EQ(presenter.Boxes().front().owner, failing) << c.failing;
+        // The box belongs to the window whose handler failed.
+        QWidget* owner = c.failing[0] == 'A' ? static_cast<QWidget*>(w.firstPage) : w.window.get();
+        EXPECT_EQ(presenter.Boxes().front().owner, owner) << c.failing;
     }
 }
 
