@@ -3,14 +3,12 @@
 #include "lib/Common.h"
 #include "lib/Exceptions.h"
 #include "lib/PellDialog.h"
-#include "lib/PellGlobalSettings.h"
 #include "lib/PellPropertyPage.h"
 #include "lib/PellPropertySheet.h"
 #include "lib/SettingsStore.h"
 #include "receiver/VexReceiverMate.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabBar>
@@ -20,15 +18,33 @@
 #include <QTimer>
 #include <atomic>
 #include <functional>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <numeric>
+#include <set>
+#include <string>
 
 namespace windows_test {
 
-using Log = std::vector<std::string>;
+using pell::test::SimulatedReceiver;
 
-// A dialog whose handlers each test fills in.
+// What the probe windows did, as "dialog:init A:init A:active ...", and how they answer: a handler
+// named in `actions` runs that action first, one named in `refused` says no.
+struct Log {
+    bool Note(const QString& window, const char* handler) {
+        const std::string entry = window.toStdString() + ':' + handler;
+        text += (text.empty() ? "" : " ") + entry;
+        if (const auto action = actions.find(entry); action != actions.end())
+            action->second();
+        return !refused.contains(entry);
+    }
+
+    std::string text;
+    std::map<std::string, std::function<void()>> actions;
+    std::set<std::string> refused;
+};
+
+// A dialog that logs its handlers as "dialog:<handler>".
 class ProbeDialog : public CPellDialog {
     Q_OBJECT
 public:
@@ -38,116 +54,80 @@ public:
     using CPellDialog::RunUserAction;
     using CPellDialog::StartWorker;
 
-    std::function<void()> onInit;
-    std::function<void()> onConnectionLost; // in place of the base's handler
-    std::function<void()> onStopWorker;     // before the base's
-    std::function<void(const QVariant&, const QVariant&)> onPrepare;
-    std::function<void(std::stop_token)> work;
-
     void StopWorker() override {
-        if (onStopWorker)
-            onStopWorker();
+        log.Note("dialog", "stop");
         CPellDialog::StopWorker();
     }
+
+    Log log;
+    std::vector<QVariant> prepared;
+    std::function<void(std::stop_token)> work;
 
 protected:
     void OnInitDialog() override {
         CPellDialog::OnInitDialog();
-        if (onInit)
-            onInit();
+        log.Note("dialog", "init");
     }
     void OnConnectionLost() override {
-        if (onConnectionLost)
-            onConnectionLost();
-        else
-            CPellDialog::OnConnectionLost();
+        log.Note("dialog", "lost");
+        CPellDialog::OnConnectionLost();
     }
     void PrepareWorker(const QVariant& first, const QVariant& second) override {
-        if (onPrepare)
-            onPrepare(first, second);
+        prepared = {first, second};
     }
-    void RunWorker(std::stop_token stop) override {
-        if (work)
-            work(std::move(stop));
-    }
+    void RunWorker(std::stop_token stop) override { work(std::move(stop)); }
 };
 
-// A page that logs each handler as "<title>:<handler>" and answers as told.
-class ProbePage : public CPellPropertyPage {
-    Q_OBJECT
-public:
-    ProbePage(std::shared_ptr<rxio::IReceiver> receiver, const QString& title, Log* log)
-        : CPellPropertyPage(std::move(receiver), title), m_log(log) {
-        // Something to size the page by.
-        auto* label = new QLabel(title, this);
-        label->setMinimumSize(240, 120);
-    }
-
-    std::function<void()> onInit;
-    std::function<void()> onSetActive;
-    std::function<void()> onApply;
-    bool killActive = true;
-    bool apply = true;
-    bool queryCancel = true;
-    int wizardNext = WizardAdjacentPage;
-    bool wizardFinish = true;
-
-protected:
-    void OnInitDialog() override {
-        CPellPropertyPage::OnInitDialog();
-        Note("init");
-        if (onInit)
-            onInit();
-    }
-    void OnDestroy() override {
-        Note("destroy");
-        CPellPropertyPage::OnDestroy();
-    }
-    void OnSetActive() override {
-        Note("active");
-        if (onSetActive)
-            onSetActive();
-    }
-    bool OnKillActive() override { return Note("kill"), killActive; }
-    bool OnApply() override {
-        Note("apply");
-        if (onApply)
-            onApply();
-        return apply;
-    }
-    void OnOK() override { Note("ok"); }
-    void OnCancel() override { Note("cancel"); }
-    bool OnQueryCancel() override { return Note("query"), queryCancel; }
-    int OnWizardBack() override { return Note("back"), WizardAdjacentPage; }
-    int OnWizardNext() override { return Note("next"), wizardNext; }
-    bool OnWizardFinish() override { return Note("finish"), wizardFinish; }
-
-private:
-    void Note(const char* handler) { m_log->push_back(GetTitle().toStdString() + ':' + handler); }
-
-    Log* m_log;
-};
-
+// A sheet that logs its initialisation as "sheet:init", its pages theirs as "<title>:<handler>".
 class ProbeSheet : public CPellPropertySheet {
     Q_OBJECT
 public:
     using CPellPropertySheet::CPellPropertySheet;
 
-    std::function<void()> onInit;
+    Log log;
 
 protected:
     void OnInitDialog() override {
         CPellPropertySheet::OnInitDialog();
-        if (onInit)
-            onInit();
+        log.Note("sheet", "init");
     }
 };
 
-// Only for its own class name, under which its placement is kept.
-class PlacedDialog : public CPellDialog {
+class ProbePage : public CPellPropertyPage {
     Q_OBJECT
 public:
-    PlacedDialog() : CPellDialog(nullptr) { resize(300, 200); }
+    ProbePage(std::shared_ptr<rxio::IReceiver> receiver, const QString& title, ProbeSheet& sheet)
+        : CPellPropertyPage(std::move(receiver), title), m_log(sheet.log) {
+        // Something to size the page by.
+        (new QLabel(title, this))->setMinimumSize(240, 120);
+        sheet.AddPage(this);
+    }
+
+    int wizardNext = WizardAdjacentPage;
+
+protected:
+    void OnInitDialog() override {
+        CPellPropertyPage::OnInitDialog();
+        Note("init");
+    }
+    void OnDestroy() override {
+        Note("destroy");
+        CPellPropertyPage::OnDestroy();
+    }
+    void OnSetActive() override { Note("active"); }
+    bool OnKillActive() override { return Note("kill"); }
+    bool OnApply() override { return Note("apply"); }
+    void OnOK() override { Note("ok"); }
+    void OnCancel() override { Note("cancel"); }
+    bool OnQueryCancel() override { return Note("query"); }
+    int OnWizardBack() override { return Note("back"), WizardAdjacentPage; }
+    int OnWizardNext() override { return Note("next"), wizardNext; }
+    bool OnWizardFinish() override { return Note("finish"); }
+
+private:
+    bool Note(const char* handler) { return m_log.Note(GetTitle(), handler); }
+
+    Log& m_log;
 };
 
 constexpr int kHung = 99;
@@ -172,294 +152,208 @@ bool SpinUntil(const std::function<bool()>& done) {
     return done();
 }
 
-QPushButton* Button(QWidget& sheet, const char* name) {
-    return sheet.findChild<QPushButton*>(QLatin1String(name));
+QPushButton* Button(QWidget& sheet, const std::string& name) {
+    return sheet.findChild<QPushButton*>(QString::fromStdString(name + "Button"));
 }
 
 void Click(QWidget& sheet, const char* name) {
-    QPushButton* button = Button(sheet, name);
-    ASSERT_NE(button, nullptr) << name;
-    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::mouseClick(Button(sheet, name), Qt::LeftButton);
 }
 
 void ClickTab(QWidget& sheet, int index) {
     QTabBar* tabs = sheet.findChild<QTabBar*>();
-    ASSERT_NE(tabs, nullptr);
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+}
+
+// A sheet's buttons on show, a disabled one in brackets: "[back] next cancel".
+std::string Buttons(QWidget& sheet) {
+    std::string shown;
+    for (const std::string name : {"back", "next", "finish", "ok", "cancel", "apply"}) {
+        const QPushButton* button = Button(sheet, name);
+        if (button->isVisible())
+            shown += (shown.empty() ? "" : " ") + (button->isEnabled() ? name : '[' + name + ']');
+    }
+    return shown;
 }
 
 [[noreturn]] void Fail() {
     PELL_THROW_WIN(QStringLiteral("Reading the receiver"), pell::ERROR_TIMEOUT);
 }
 
-// A window under test; its first page, if it is a sheet.
+// A window under test with its log; its first page, if it is a sheet.
 struct Window {
     std::unique_ptr<QDialog> window;
+    Log* log;
     ProbePage* firstPage = nullptr;
 };
 
 enum class EKind { Dialog, Sheet, SheetWithRegisteredPage };
 constexpr EKind kKinds[] = {EKind::Dialog, EKind::Sheet, EKind::SheetWithRegisteredPage};
 
-const char* KindName(EKind kind) {
-    const char* const names[] = {"dialog", "sheet", "sheet with a registered page"};
-    return names[static_cast<int>(kind)];
-}
+const char* const kKindNames[] = {"dialog", "sheet", "sheet with a registered page"};
 
-// `receiver` goes to the window, or for SheetWithRegisteredPage only to its first page.
-Window Make(EKind kind, const std::shared_ptr<rxio::IReceiver>& receiver, Log* log) {
-    if (kind == EKind::Dialog)
-        return {std::make_unique<CPellWindow<ProbeDialog>>(receiver)};
+// A dialog, or a sheet of pages A and B. `receiver` goes to the window, or for
+// SheetWithRegisteredPage only to page A.
+Window Make(EKind kind, const std::shared_ptr<rxio::IReceiver>& receiver) {
+    if (kind == EKind::Dialog) {
+        auto dialog = std::make_unique<CPellWindow<ProbeDialog>>(receiver);
+        Log* log = &dialog->log;
+        return {std::move(dialog), log};
+    }
     const bool sheetHasIt = kind == EKind::Sheet;
     auto sheet =
         std::make_unique<ProbeSheet>(sheetHasIt ? receiver : nullptr, QStringLiteral("Settings"));
-    auto* first = new ProbePage(sheetHasIt ? nullptr : receiver, QStringLiteral("A"), log);
-    sheet->AddPage(first);
-    sheet->AddPage(new ProbePage(nullptr, QStringLiteral("B"), log));
-    return {std::move(sheet), first};
+    auto* first = new ProbePage(sheetHasIt ? nullptr : receiver, QStringLiteral("A"), *sheet);
+    new ProbePage(nullptr, QStringLiteral("B"), *sheet);
+    Log* log = &sheet->log;
+    return {std::move(sheet), log, first};
 }
 
 TEST(WindowsTest, ReceiverNoticesEndTheWindowWithCancel) {
-    struct Fault {
-        const char* name;
-        void (rxsim::CSimulator::*raise)();
-    };
-    const Fault faults[] = {
+    const std::pair<const char*, void (rxsim::CSimulator::*)()> faults[] = {
         {"connection dropped", &rxsim::CSimulator::DropConnection},
         {"reset announced", &rxsim::CSimulator::AnnounceReset},
     };
-    for (const Fault& fault : faults) {
+    for (const auto& [name, raise] : faults) {
         for (EKind kind : kKinds) {
-            pell::test::SimulatedReceiver receiver;
-            Log log;
-            Window window = Make(kind, receiver.Receiver(), &log);
-            QTimer::singleShot(50, window.window.get(),
-                               [&] { (receiver.Simulator().*fault.raise)(); });
-            EXPECT_EQ(Exec(*window.window), pell::IDCANCEL) << fault.name << ", " << KindName(kind);
+            SimulatedReceiver receiver;
+            Window window = Make(kind, receiver.Receiver());
+            QTimer::singleShot(50, window.window.get(), [&] { (receiver.Simulator().*raise)(); });
+            EXPECT_EQ(Exec(*window.window), pell::IDCANCEL)
+                << name << ", " << kKindNames[static_cast<int>(kind)];
         }
-    }
-}
-
-TEST(WindowsTest, WindowsWithoutAReceiverWork) {
-    for (EKind kind : kKinds) {
-        Log log;
-        Window window = Make(kind, nullptr, &log);
-        QTimer::singleShot(20, window.window.get(), [&] { window.window->accept(); });
-        EXPECT_EQ(Exec(*window.window), pell::IDOK) << KindName(kind);
     }
 }
 
 TEST(WindowsTest, DialogEndsWithTheHostsResultCodes) {
     struct Case {
         const char* name;
-        std::function<void(QDialog&)> end;
+        std::function<void(CDialogBase&)> end;
         int result;
     };
     const Case cases[] = {
-        {"accept", [](QDialog& d) { d.accept(); }, pell::IDOK},
-        {"reject", [](QDialog& d) { d.reject(); }, pell::IDCANCEL},
-        {"Escape", [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Escape); }, pell::IDCANCEL},
-        {"close button", [](QDialog& d) { d.close(); }, pell::IDCANCEL},
-        {"EndDialog", [](QDialog& d) { static_cast<CDialogBase&>(d).EndDialog(7); }, 7},
+        {"accept", [](CDialogBase& d) { d.accept(); }, pell::IDOK},
+        {"Escape", [](CDialogBase& d) { QTest::keyClick(&d, Qt::Key_Escape); }, pell::IDCANCEL},
+        {"close button", [](CDialogBase& d) { d.close(); }, pell::IDCANCEL},
+        {"EndDialog", [](CDialogBase& d) { d.EndDialog(7); }, 7},
     };
     for (const Case& c : cases) {
         ProbeDialog dialog(nullptr);
         QTimer::singleShot(20, &dialog, [&] { c.end(dialog); });
         EXPECT_EQ(Exec(dialog), c.result) << c.name;
+        dialog.EndDialog(8); // the first end wins
+        EXPECT_EQ(dialog.result(), c.result) << c.name;
     }
 }
 
-// The receiver goes while the window's (or its page's) initialisation waits for a reply, before
-// exec() has started its event loop.
-TEST(WindowsTest, ConnectionLostDuringAWaitInInitialisationEndsTheWindow) {
-    for (EKind kind : {EKind::Dialog, EKind::SheetWithRegisteredPage}) {
-        pell::test::ScopedPresenter presenter;
-        pell::test::SimulatedReceiver receiver;
+// Initialisation waits for a reply that never comes while the connection goes: the notice
+// arrives in the wait, before exec() has started its event loop.
+std::function<void()> WaitWhileTheConnectionGoes(SimulatedReceiver& receiver) {
+    return [&receiver] {
         receiver.Simulator().GetFaults().silentPaths.insert(QStringLiteral("rcv/model"));
-        Log log;
-        Window window = Make(kind, receiver.Receiver(), &log);
-        const auto ask = [&receiver] {
-            rxio::CommandResult result;
-            QEventLoop wait;
-            receiver.Receiver()->StartCommand(QStringLiteral("print,rcv/model"), 10000,
-                                              [&](const rxio::CommandResult& r) {
-                                                  result = r;
-                                                  wait.quit();
-                                              });
-            receiver.Simulator().DropAfter(50);
-            wait.exec();
-            if (result.status == rxio::CommandResult::Disconnected)
-                throw ulm_std::CCommException(QStringLiteral("print,rcv/model"),
-                                              QStringLiteral("Receiver"), {}, QStringLiteral("t"));
-        };
-        if (kind == EKind::Dialog)
-            static_cast<ProbeDialog&>(*window.window).onInit = ask;
-        else
-            window.firstPage->onInit = ask;
-
-        EXPECT_EQ(Exec(*window.window), pell::IDCANCEL) << KindName(kind);
-        EXPECT_EQ(presenter.Boxes().size(), 1U) << KindName(kind);
-    }
+        receiver.Simulator().DropAfter(50);
+        CVexReceiverMate(receiver.Receiver()).Run(QStringLiteral("print,rcv/model"));
+    };
 }
 
-TEST(WindowsTest, FailuresInHandlersAreReportedAndCancelTheWindow) {
+TEST(WindowsTest, FailuresOfTheWindowsOwnHandlersAreReportedAndCancelIt) {
+    enum class EThen { Nothing, DropConnection, PressOk };
     struct Case {
-        const char* name;
+        const char* failing; // its window (page A's sheet) ends with IDCANCEL
         EKind kind;
-        // Makes the window fail; returns the owner of the error box.
-        std::function<QWidget*(Window&, pell::test::SimulatedReceiver&)> arrange;
+        EThen then = EThen::Nothing;
+        bool waitsWhileTheConnectionGoes = false; // rather than throwing at once
     };
     const Case cases[] = {
-        {"dialog initialisation", EKind::Dialog,
-         [](Window& w, pell::test::SimulatedReceiver&) {
-             static_cast<ProbeDialog&>(*w.window).onInit = Fail;
-             return w.window.get();
-         }},
-        {"sheet initialisation", EKind::Sheet,
-         [](Window& w, pell::test::SimulatedReceiver&) {
-             static_cast<ProbeSheet&>(*w.window).onInit = Fail;
-             return w.window.get();
-         }},
-        {"page initialisation", EKind::Sheet,
-         [](Window& w, pell::test::SimulatedReceiver&) -> QWidget* {
-             w.firstPage->onInit = Fail;
-             return w.firstPage;
-         }},
-        {"notice handler", EKind::Dialog,
-         [](Window& w, pell::test::SimulatedReceiver& receiver) {
-             static_cast<ProbeDialog&>(*w.window).onConnectionLost = Fail;
-             QTimer::singleShot(20, w.window.get(),
-                                [&receiver] { receiver.Simulator().DropConnection(); });
-             return w.window.get();
-         }},
-        {"worker stop on OK", EKind::Dialog,
-         [](Window& w, pell::test::SimulatedReceiver&) {
-             static_cast<ProbeDialog&>(*w.window).onStopWorker = Fail;
-             QTimer::singleShot(20, w.window.get(), [&w] { w.window->accept(); });
-             return w.window.get();
-         }},
+        {"dialog:init", EKind::Dialog},
+        {"sheet:init", EKind::Sheet},
+        {"A:init", EKind::Sheet},
+        {"dialog:lost", EKind::Dialog, EThen::DropConnection},
+        {"dialog:stop", EKind::Dialog, EThen::PressOk},
+        {"dialog:init", EKind::Dialog, EThen::Nothing, true},
+        {"A:init", EKind::SheetWithRegisteredPage, EThen::Nothing, true},
     };
     for (const Case& c : cases) {
         pell::test::ScopedPresenter presenter;
-        pell::test::SimulatedReceiver receiver;
-        Log log;
-        Window window = Make(c.kind, receiver.Receiver(), &log);
-        QWidget* owner = c.arrange(window, receiver);
+        SimulatedReceiver receiver;
+        Window w = Make(c.kind, receiver.Receiver());
+        w.log->actions[c.failing] =
+            c.waitsWhileTheConnectionGoes ? WaitWhileTheConnectionGoes(receiver) : Fail;
+        QTimer::singleShot(20, w.window.get(), [&] {
+            if (c.then == EThen::DropConnection)
+                receiver.Simulator().DropConnection();
+            if (c.then == EThen::PressOk)
+                w.window->accept();
+        });
 
-        EXPECT_EQ(Exec(*window.window), pell::IDCANCEL) << c.name;
-        ASSERT_EQ(presenter.Boxes().size(), 1U) << c.name;
-        const auto& box = presenter.Boxes().front();
-        EXPECT_EQ(box.style & pell::MB_ICONMASK, pell::MB_ICONERROR) << c.name;
-        EXPECT_EQ(box.owner, owner) << c.name;
-        EXPECT_TRUE(box.text.contains(QStringLiteral("Reading the receiver"))) << c.name;
+        EXPECT_EQ(Exec(*w.window), pell::IDCANCEL) << c.failing;
+        ASSERT_EQ(presenter.Boxes().size(), 1U) << c.failing;
+        // The box belongs to the window whose handler failed.
+        QWidget* owner = c.failing[0] == 'A' ? static_cast<QWidget*>(w.firstPage) : w.window.get();
+        EXPECT_EQ(presenter.Boxes().front().owner, owner) << c.failing;
     }
 }
 
-// A worker that posts its round number to the window until it is asked to stop.
-struct CountingWorker {
-    std::atomic<bool> sawStop = false;
-    std::atomic<bool> offThread = false;
-    std::vector<int> delivered; // on the window's thread
-
-    void Attach(ProbeDialog& dialog) {
-        dialog.work = [this, &dialog](std::stop_token stop) {
-            offThread = QThread::currentThread() != qApp->thread();
-            for (int round = 0; !stop.stop_requested(); ++round) {
-                dialog.PostToWindow([this, round] {
-                    if (QThread::currentThread() == qApp->thread())
-                        delivered.push_back(round);
-                });
-                QThread::msleep(2);
-            }
-            sawStop = true;
-        };
-    }
-};
-
+// The worker runs twice, the second time until the window closes.
 TEST(WindowsTest, WorkerRunsUntilStoppedAndHandsResultsToTheWindow) {
     CPellWindow<ProbeDialog> dialog(nullptr);
-    std::vector<QVariant> prepared;
-    dialog.onPrepare = [&](const QVariant& first, const QVariant& second) {
-        prepared = {first, second};
+    std::atomic<bool> sawStop = false;
+    std::vector<int> delivered; // on the window's thread
+    dialog.work = [&](std::stop_token stop) {
+        for (int round = 0; !stop.stop_requested(); ++round) {
+            dialog.PostToWindow([&delivered, round] {
+                if (QThread::currentThread() == qApp->thread())
+                    delivered.push_back(round);
+            });
+            QThread::msleep(2);
+        }
+        sawStop = true;
     };
-    CountingWorker worker;
-    worker.Attach(dialog);
     dialog.show();
 
     for (int run = 0; run < 2; ++run) {
         // Each start has a fresh stop state: the second run is not stopped at once.
-        worker.sawStop = false;
-        worker.delivered.clear();
+        sawStop = false;
+        delivered.clear();
         dialog.StartWorker(run, QStringLiteral("x"));
-        EXPECT_EQ(prepared, (std::vector<QVariant>{run, QStringLiteral("x")}));
-        ASSERT_TRUE(SpinUntil([&] { return worker.delivered.size() >= 3; })) << run;
-        EXPECT_FALSE(worker.sawStop);
-        EXPECT_TRUE(worker.offThread);
-        dialog.StopWorker();
+        EXPECT_EQ(dialog.prepared, (std::vector<QVariant>{run, QStringLiteral("x")}));
+        ASSERT_TRUE(SpinUntil([&] { return delivered.size() >= 3; })) << run;
+        EXPECT_FALSE(sawStop);
+        run == 0 ? dialog.StopWorker() : dialog.accept();
         // Stopping joined: the worker has seen the request and ended.
-        EXPECT_TRUE(worker.sawStop) << run;
+        EXPECT_TRUE(sawStop) << run;
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         // Every round arrives, in order, the last ones after the worker ended.
-        QCoreApplication::sendPostedEvents(&dialog);
-        std::vector<int> rounds(worker.delivered.size());
+        QCoreApplication::sendPostedEvents();
+        std::vector<int> rounds(delivered.size());
         std::iota(rounds.begin(), rounds.end(), 0);
-        EXPECT_EQ(worker.delivered, rounds) << run;
+        EXPECT_EQ(delivered, rounds) << run;
     }
 }
 
-TEST(WindowsTest, ClosingTheWindowStopsItsWorker) {
-    CountingWorker worker;
-    CPellWindow<ProbeDialog> dialog(nullptr);
-    worker.Attach(dialog);
-    dialog.show();
-    dialog.StartWorker({}, {});
-    ASSERT_TRUE(SpinUntil([&] { return !worker.delivered.empty(); }));
-    dialog.accept();
-    EXPECT_TRUE(worker.sawStop);
-}
-
-// A window whose worker uses one of the window's own members.
-class ScratchDialog : public ProbeDialog {
-public:
-    using ProbeDialog::ProbeDialog;
-
-protected:
-    void RunWorker(std::stop_token stop) override {
-        while (!stop.stop_requested()) {
-            m_scratch.assign(64, 1);
-            QThread::usleep(100);
-        }
-    }
-
-private:
-    std::vector<int> m_scratch;
-};
-
-// Destroyed while open and working: the worker ends before the member it uses goes (the
-// sanitizer presets see it otherwise), and the unguarded form cannot start a worker at all.
+// Destroyed while open and working: the worker ends before the window's member it uses goes
+// (the sanitizer presets see it otherwise), and the unguarded form cannot start a worker at all.
 TEST(WindowsTest, AWorkerNeverOutlivesItsWindowsMembers) {
     {
-        CPellWindow<ScratchDialog> dialog(nullptr);
+        CPellWindow<ProbeDialog> dialog(nullptr);
+        dialog.work = [&dialog](std::stop_token stop) {
+            for (; !stop.stop_requested(); QThread::usleep(100))
+                dialog.prepared.assign(64, 1);
+        };
         dialog.show();
         dialog.StartWorker({}, {});
         QThread::msleep(5);
     }
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(
-        {
-            ScratchDialog unguarded(nullptr);
-            unguarded.StartWorker({}, {});
-        },
-        "m_stopsWorkerFirst");
+    EXPECT_DEATH(ProbeDialog(nullptr).StartWorker({}, {}), "m_stopsWorkerFirst");
 }
 
 // The worker never talks to the receiver itself: it asks the window's thread and waits.
 TEST(WindowsTest, AWorkerAsksTheWindowToTalkToTheReceiver) {
-    pell::test::SimulatedReceiver receiver;
+    SimulatedReceiver receiver;
     CPellWindow<ProbeDialog> dialog(receiver.Receiver());
     std::optional<QString> elevation;
     std::atomic<bool> failureCameBack = false;
-    std::atomic<bool> finished = false;
     dialog.work = [&](std::stop_token stop) {
         const CVexReceiverMate mate(dialog.GetReceiver());
         elevation =
@@ -469,14 +363,12 @@ TEST(WindowsTest, AWorkerAsksTheWindowToTalkToTheReceiver) {
         } catch (const ulm_std::CCommException&) {
             failureCameBack = true;
         }
-        finished = true;
     };
     dialog.show();
     dialog.StartWorker({}, {});
-    ASSERT_TRUE(SpinUntil([&] { return finished.load(); }));
+    ASSERT_TRUE(SpinUntil([&] { return failureCameBack.load(); }));
     dialog.StopWorker();
     EXPECT_EQ(elevation, QStringLiteral("5"));
-    EXPECT_TRUE(failureCameBack);
 
     // Stopped while the window's thread is busy: the worker gets nothing and the action never
     // runs later.
@@ -511,312 +403,191 @@ TEST(WindowsTest, OtherFailuresAreReportedAndTheWindowStays) {
         EXPECT_EQ(box.owner, &dialog);
 }
 
-// A sheet of pages A, B, C in tabs that has visited B and is back on A; the log starts empty.
-struct VisitedSheet {
-    VisitedSheet() {
-        for (const char* title : {"A", "B", "C"}) {
-            pages.push_back(new ProbePage(nullptr, QString::fromLatin1(title), &log));
-            sheet.AddPage(pages.back());
-        }
-        sheet.show();
-        ClickTab(sheet, 1);
-        ClickTab(sheet, 0);
-        log.clear();
+// A sheet of pages A, B and C, in tabs or as a wizard.
+struct Pages {
+    explicit Pages(bool wizard = false) {
+        if (wizard)
+            sheet.SetWizardMode();
+        for (const char* title : {"A", "B", "C"})
+            pages.push_back(new ProbePage(nullptr, QString::fromLatin1(title), sheet));
     }
 
-    Log log;
     ProbeSheet sheet{nullptr, QStringLiteral("Settings")};
+    Log& log = sheet.log;
     std::vector<ProbePage*> pages;
 };
 
-TEST(SheetTest, ApplyIsEnabledWhileAPageIsModified) {
-    VisitedSheet s;
-    auto& [log, sheet, pages] = s;
-    QPushButton* apply = Button(sheet, "applyButton");
-    EXPECT_FALSE(apply->isEnabled());
-    pages[1]->SetModified();
-    EXPECT_TRUE(apply->isEnabled());
-    pages[1]->SetModified(false);
-    EXPECT_FALSE(apply->isEnabled());
+// Open in tabs, having visited B and back on A; the log starts empty.
+struct VisitedSheet : Pages {
+    VisitedSheet() {
+        sheet.show();
+        ClickTab(sheet, 1);
+        ClickTab(sheet, 0);
+        log.text.clear();
+    }
+};
 
-    pages[1]->SetModified();
-    Click(sheet, "applyButton");
-    EXPECT_THAT(log, testing::ElementsAre("A:kill", "B:apply"));
-    EXPECT_FALSE(apply->isEnabled());
-    EXPECT_FALSE(pages[1]->IsModified());
-    EXPECT_TRUE(sheet.isVisible());
-    EXPECT_EQ(sheet.GetActiveIndex(), 0);
-}
-
-TEST(SheetTest, OkAppliesModifiedPagesAndClosesWhenAllAccept) {
+TEST(SheetTest, OkApplyAndCancelAskThePagesAndTellThem) {
     struct Case {
-        const char* name;
-        std::vector<int> modified;
-        int refusingApply = -1;
-        bool refuseKill = false;
-        bool closes;
-        int activeAfter;
-        Log log;
+        const char* button;
+        const char* modified; // pages
+        const char* refused;
+        int result; // 0: the sheet stays open
+        const char* buttonsAfter;
+        const char* log;
     };
     const Case cases[] = {
-        {"nothing modified",
-         {},
-         -1,
-         false,
-         true,
-         -1,
-         {"A:kill", "A:ok", "B:ok", "A:destroy", "B:destroy"}},
-        {"both modified",
-         {0, 1},
-         -1,
-         false,
-         true,
-         -1,
-         {"A:kill", "A:apply", "B:apply", "A:ok", "B:ok", "A:destroy", "B:destroy"}},
-        {"B refuses", {0, 1}, 1, false, false, 1, {"A:kill", "A:apply", "B:apply", "B:active"}},
-        {"A will not be left", {1}, -1, true, false, 0, {"A:kill"}},
+        {"ok", "AB", "", pell::IDOK, "", "A:kill A:apply B:apply A:ok B:ok A:destroy B:destroy"},
+        // The refusing page is shown, still modified.
+        {"ok", "AB", "B:apply", 0, "ok cancel apply", "A:kill A:apply B:apply B:active"},
+        {"ok", "B", "A:kill", 0, "ok cancel apply", "A:kill"},
+        {"apply", "B", "", 0, "ok cancel [apply]", "A:kill B:apply"},
+        {"cancel", "B", "A:query", 0, "ok cancel apply", "A:query"},
+        {"cancel", "B", "", pell::IDCANCEL, "", "A:query A:cancel B:cancel A:destroy B:destroy"},
     };
     for (const Case& c : cases) {
         VisitedSheet s;
-        for (int index : c.modified)
-            s.pages[index]->SetModified();
-        if (c.refusingApply >= 0)
-            s.pages[c.refusingApply]->apply = false;
-        s.pages[0]->killActive = !c.refuseKill;
+        for (const char* page = c.modified; *page; ++page)
+            s.pages[*page - 'A']->SetModified();
+        s.log.refused = {c.refused};
 
-        Click(s.sheet, "okButton");
-        EXPECT_EQ(s.log, c.log) << c.name;
-        EXPECT_EQ(s.sheet.isVisible(), !c.closes) << c.name;
-        EXPECT_EQ(s.sheet.GetActiveIndex(), c.activeAfter) << c.name;
-        EXPECT_EQ(s.sheet.result(), c.closes ? pell::IDOK : 0) << c.name;
-        // The refusing page stays modified.
-        if (c.refusingApply >= 0) {
-            EXPECT_TRUE(s.pages[c.refusingApply]->IsModified()) << c.name;
-        }
+        Click(s.sheet, c.button);
+        EXPECT_EQ(s.log.text, c.log);
+        EXPECT_EQ(s.sheet.result(), c.result) << c.log;
+        EXPECT_EQ(Buttons(s.sheet), c.buttonsAfter) << c.log;
     }
 }
 
 // While a page's handler waits for the receiver, further clicks and tab changes are ignored.
 TEST(SheetTest, ClicksWhileAHandlerWaitsAreIgnored) {
     VisitedSheet s;
-    auto& [log, sheet, pages] = s;
     pell::test::ScopedPresenter presenter;
-    pell::test::SimulatedReceiver receiver;
+    SimulatedReceiver receiver;
     receiver.Simulator().GetFaults().latencyMs = 100;
-    pages[1]->SetModified();
-    pages[1]->onApply = [&] {
-        QTimer::singleShot(10, &sheet, [&] {
-            for (const char* button : {"okButton", "applyButton", "cancelButton"})
-                Click(sheet, button);
-            ClickTab(sheet, 2);
+    s.pages[1]->SetModified();
+    s.log.actions["B:apply"] = [&] {
+        QTimer::singleShot(10, &s.sheet, [&] {
+            for (const char* button : {"ok", "apply", "cancel"})
+                Click(s.sheet, button);
+            ClickTab(s.sheet, 2);
         });
         CVexReceiverMate(receiver.Receiver()).Run(QStringLiteral("print,pos/elm"));
     };
-    Click(sheet, "applyButton");
-    EXPECT_THAT(log, testing::ElementsAre("A:kill", "B:apply"));
+    Click(s.sheet, "apply");
+    EXPECT_EQ(s.log.text, "A:kill B:apply");
     EXPECT_TRUE(presenter.Boxes().empty());
-    EXPECT_TRUE(sheet.isVisible());
-    EXPECT_EQ(sheet.GetActiveIndex(), 0);
+    EXPECT_TRUE(s.sheet.isVisible());
+    EXPECT_EQ(s.sheet.GetActiveIndex(), 0);
 }
 
-TEST(SheetTest, PageThatWillNotBeLeftKeepsItsTab) {
+TEST(SheetTest, PageThatWillNotBeLeftKeepsItsTabAndAFailingPageIsReported) {
     VisitedSheet s;
-    auto& [log, sheet, pages] = s;
-    pages[0]->killActive = false;
-    ClickTab(sheet, 2);
-    EXPECT_EQ(sheet.GetActiveIndex(), 0);
-    EXPECT_EQ(sheet.findChild<QTabBar*>()->currentIndex(), 0);
-    EXPECT_FALSE(pages[2]->IsInitialised());
+    EXPECT_EQ(Buttons(s.sheet), "ok cancel [apply]");
+    s.log.refused = {"A:kill"};
+    ClickTab(s.sheet, 2);
+    EXPECT_EQ(s.sheet.GetActiveIndex(), 0);
+    EXPECT_EQ(s.sheet.findChild<QTabBar*>()->currentIndex(), 0);
+    EXPECT_FALSE(s.pages[2]->IsInitialised());
 
-    pages[0]->killActive = true;
-    ClickTab(sheet, 2);
-    EXPECT_EQ(sheet.GetActiveIndex(), 2);
-    EXPECT_THAT(log, testing::ElementsAre("A:kill", "A:kill", "C:init", "C:active"));
-}
-
-TEST(SheetTest, CancelAsksTheActivePageAndTellsEveryInitialisedPage) {
-    VisitedSheet s;
-    auto& [log, sheet, pages] = s;
-    pages[0]->queryCancel = false;
-    Click(sheet, "cancelButton");
-    QTest::keyClick(&sheet, Qt::Key_Escape);
-    EXPECT_TRUE(sheet.isVisible());
-    EXPECT_THAT(log, testing::ElementsAre("A:query", "A:query"));
-
-    log.clear();
-    pages[0]->queryCancel = true;
-    QTest::keyClick(&sheet, Qt::Key_Escape);
-    EXPECT_FALSE(sheet.isVisible());
-    EXPECT_EQ(sheet.result(), pell::IDCANCEL);
-    EXPECT_THAT(log,
-                testing::ElementsAre("A:query", "A:cancel", "B:cancel", "A:destroy", "B:destroy"));
-}
-
-TEST(SheetTest, PageFailureIsReportedAndCountsAsRefusal) {
-    VisitedSheet s;
-    auto& [log, sheet, pages] = s;
     pell::test::ScopedPresenter presenter;
-    pages[2]->onSetActive = Fail;
-    ClickTab(sheet, 2);
-    EXPECT_EQ(presenter.Boxes().size(), 1U);
-    EXPECT_EQ(presenter.Boxes().front().owner, pages[2]);
-    EXPECT_EQ(sheet.GetActiveIndex(), 2);
-    EXPECT_TRUE(sheet.isVisible());
+    s.log.refused.clear();
+    s.log.actions["C:active"] = Fail;
+    ClickTab(s.sheet, 2);
+    EXPECT_EQ(s.sheet.GetActiveIndex(), 2);
+    EXPECT_EQ(s.log.text, "A:kill A:kill C:init C:active");
+    ASSERT_EQ(presenter.Boxes().size(), 1U);
+    EXPECT_EQ(presenter.Boxes().front().owner, s.pages[2]);
+    EXPECT_TRUE(s.sheet.isVisible());
 }
 
-// A wizard of pages 1, 2, 3.
-class WizardTest : public testing::Test {
-protected:
-    void SetUp() override {
-        wizard.SetWizardMode();
-        for (const char* title : {"1", "2", "3"}) {
-            pages.push_back(new ProbePage(nullptr, QString::fromLatin1(title), &log));
-            wizard.AddPage(pages.back());
-        }
-        pages[0]->SetSubtitle(QStringLiteral("Choose a file."));
-    }
+TEST(WizardTest, BackAndNextWalkThePagesUnderTheirHeadingWithFittingButtons) {
+    Pages w(true);
+    w.pages[0]->SetSubtitle(QStringLiteral("Choose a file."));
+    w.sheet.show();
+    EXPECT_FALSE(w.sheet.findChild<QTabBar*>()->isVisible());
 
-    struct Buttons {
-        bool backEnabled;
-        bool nextShown;
-        bool nextEnabled;
-        bool finishShown;
-        bool finishEnabled;
-        bool operator==(const Buttons&) const = default;
+    const std::tuple<const char*, int, const char*> steps[] = {
+        {nullptr, 0, "[back] next cancel"}, {"next", 1, "back next cancel"},
+        {"next", 2, "back finish cancel"},  {"back", 1, "back next cancel"},
+        {"back", 0, "[back] next cancel"},
     };
-
-    Buttons State() {
-        return {
-            Button(wizard, "backButton")->isEnabled(), Button(wizard, "nextButton")->isVisible(),
-            Button(wizard, "nextButton")->isEnabled(), Button(wizard, "finishButton")->isVisible(),
-            Button(wizard, "finishButton")->isEnabled()};
-    }
-
-    Log log;
-    ProbeSheet wizard{nullptr, QStringLiteral("Export")};
-    std::vector<ProbePage*> pages;
-};
-
-TEST_F(WizardTest, BackAndNextWalkThePagesWithFittingButtons) {
-    wizard.show();
-    EXPECT_FALSE(Button(wizard, "okButton")->isVisible());
-    EXPECT_FALSE(Button(wizard, "applyButton")->isVisible());
-    EXPECT_FALSE(wizard.findChild<QTabBar*>()->isVisible());
-
-    struct Step {
-        const char* click;
-        int page;
-        Buttons buttons;
-    };
-    const Step steps[] = {
-        {nullptr, 0, {false, true, true, false, false}},
-        {"nextButton", 1, {true, true, true, false, false}},
-        {"nextButton", 2, {true, false, false, true, true}},
-        {"backButton", 1, {true, true, true, false, false}},
-        {"backButton", 0, {false, true, true, false, false}},
-    };
-    for (const Step& step : steps) {
-        if (step.click)
-            Click(wizard, step.click);
-        EXPECT_EQ(wizard.GetActiveIndex(), step.page) << step.page;
-        EXPECT_TRUE(State() == step.buttons) << step.page;
-        EXPECT_EQ(wizard.findChild<QLabel*>(QStringLiteral("headingTitle"))->text(),
-                  pages[step.page]->GetTitle());
-        const QLabel* subtitle = wizard.findChild<QLabel*>(QStringLiteral("headingSubtitle"));
-        EXPECT_EQ(subtitle->isVisible(), step.page == 0) << step.page;
-        EXPECT_EQ(subtitle->text(), pages[step.page]->GetSubtitle()) << step.page;
+    for (const auto& [click, page, buttons] : steps) {
+        if (click)
+            Click(w.sheet, click);
+        EXPECT_EQ(w.sheet.GetActiveIndex(), page);
+        EXPECT_EQ(Buttons(w.sheet), buttons) << page;
+        EXPECT_EQ(w.sheet.findChild<QLabel*>(QStringLiteral("headingTitle"))->text(),
+                  w.pages[page]->GetTitle());
+        const QLabel* subtitle = w.sheet.findChild<QLabel*>(QStringLiteral("headingSubtitle"));
+        EXPECT_EQ(subtitle->isVisible(), page == 0) << page;
+        EXPECT_EQ(subtitle->text(), w.pages[page]->GetSubtitle()) << page;
     }
     // The tab widget's own keys do not turn a wizard's pages.
-    QTest::keyClick(wizard.findChild<QTabWidget*>(), Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(wizard.GetActiveIndex(), 0);
-    EXPECT_THAT(log,
-                testing::ElementsAre("1:init", "1:active", "1:next", "1:kill", "2:init", "2:active",
-                                     "2:next", "2:kill", "3:init", "3:active", "3:back", "3:kill",
-                                     "2:active", "2:back", "2:kill", "1:active"));
+    QTest::keyClick(w.sheet.findChild<QTabWidget*>(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(w.sheet.GetActiveIndex(), 0);
+    EXPECT_EQ(w.log.text, "A:init A:active sheet:init A:next A:kill B:init B:active B:next B:kill "
+                          "C:init C:active C:back C:kill B:active B:back B:kill A:active");
 }
 
-TEST_F(WizardTest, PageChoosesWhereNextGoes) {
-    pages[0]->wizardNext = CPropertyPageBase::WizardStayOnPage;
-    wizard.show();
-    Click(wizard, "nextButton");
-    EXPECT_EQ(wizard.GetActiveIndex(), 0);
+TEST(WizardTest, PagesChooseWhereNextGoesAndWhetherFinishEnds) {
+    Pages w(true);
+    w.pages[0]->wizardNext = CPropertyPageBase::WizardStayOnPage;
+    w.log.refused = {"C:finish"};
+    w.sheet.show();
+    Click(w.sheet, "next");
+    EXPECT_EQ(w.sheet.GetActiveIndex(), 0);
 
-    pages[0]->wizardNext = 2;
-    Click(wizard, "nextButton");
-    EXPECT_EQ(wizard.GetActiveIndex(), 2);
-    EXPECT_FALSE(pages[1]->IsInitialised());
+    w.pages[0]->wizardNext = 2;
+    Click(w.sheet, "next");
+    EXPECT_EQ(w.sheet.GetActiveIndex(), 2);
+    EXPECT_FALSE(w.pages[1]->IsInitialised());
+
+    Click(w.sheet, "finish");
+    EXPECT_TRUE(w.sheet.isVisible());
+    w.log.refused.clear();
+    Click(w.sheet, "finish");
+    EXPECT_EQ(w.sheet.result(), pell::ID_WIZFINISH);
 }
 
-TEST_F(WizardTest, PageSetsTheButtons) {
-    pages[2]->onSetActive = [this] {
-        wizard.SetWizardButtons(pell::PSWIZB_BACK | pell::PSWIZB_DISABLEDFINISH);
+TEST(WizardTest, PageSetsTheButtons) {
+    Pages w(true);
+    w.log.actions["C:active"] = [&w] {
+        w.sheet.SetWizardButtons(pell::PSWIZB_BACK | pell::PSWIZB_DISABLEDFINISH);
     };
-    wizard.SetActivePage(2);
-    wizard.show();
-    EXPECT_TRUE(State() == (Buttons{true, false, false, true, false}));
-    wizard.SetWizardButtons(pell::PSWIZB_NEXT);
-    EXPECT_TRUE(State() == (Buttons{false, true, true, false, false}));
+    w.sheet.SetActivePage(2);
+    w.sheet.show();
+    EXPECT_EQ(Buttons(w.sheet), "back [finish] cancel");
+    w.sheet.SetWizardButtons(pell::PSWIZB_NEXT);
+    EXPECT_EQ(Buttons(w.sheet), "[back] next cancel");
 }
 
-TEST_F(WizardTest, FinishEndsWithTheFinishCodeUnlessThePageRefuses) {
-    pages[2]->wizardFinish = false;
-    QTimer::singleShot(20, &wizard, [this] {
-        Click(wizard, "nextButton");
-        Click(wizard, "nextButton");
-        Click(wizard, "finishButton");
-        EXPECT_TRUE(wizard.isVisible());
-        pages[2]->wizardFinish = true;
-        Click(wizard, "finishButton");
-    });
-    EXPECT_EQ(Exec(wizard), pell::ID_WIZFINISH);
-    EXPECT_EQ(std::count(log.begin(), log.end(), "3:finish"), 2);
-}
-
+// Closing stores the placement; a stored one that fits no screen or cannot be read is ignored.
 TEST(WindowPlacementTest, WindowsOpenWhereTheyLastClosed) {
+    pell::CQSettingsStore store;
+    const QString key = QStringLiteral("WindowPlacement");
+    const QString name = QStringLiteral("windows_test::ProbeDialog");
+    const auto opened = [] {
+        ProbeDialog dialog(nullptr);
+        dialog.show();
+        return dialog.geometry();
+    };
+    store.WriteString(key, name, QStringLiteral("nonsense"));
+    const QRect unplaced = opened();
+    for (const char* stored : {"5000,5000,300,200,0", "-900,10,300,200,0", "10,10,90000,200,0",
+                               "10,10,0,200,0", "1,2,3", "10,10,300,200,7", ""}) {
+        store.WriteString(key, name, QString::fromLatin1(stored));
+        EXPECT_EQ(opened(), unplaced) << stored;
+    }
+
     const QRect where(120, 90, 420, 260);
     {
-        PlacedDialog dialog;
+        ProbeDialog dialog(nullptr);
         dialog.show();
         dialog.setGeometry(where);
         dialog.accept();
     }
-    EXPECT_EQ(pell::CQSettingsStore().ReadString(QStringLiteral("WindowPlacement"),
-                                                 QStringLiteral("windows_test::PlacedDialog")),
-              QStringLiteral("120,90,420,260,0"));
-    PlacedDialog again;
-    again.show();
-    EXPECT_EQ(again.geometry(), where);
-    again.hide();
-
-    ProbeSheet sheet(nullptr, QStringLiteral("Settings"));
-    sheet.show();
-    sheet.accept();
-    EXPECT_TRUE(pell::CQSettingsStore()
-                    .ReadString(QStringLiteral("WindowPlacement"),
-                                QStringLiteral("windows_test::ProbeSheet"))
-                    .has_value());
-}
-
-TEST(WindowPlacementTest, StoredPlacementThatFitsNoScreenIsIgnored) {
-    pell::CQSettingsStore store;
-    const QString key = CPellGlobalSettings::Ref().GetWindowPlacementKey();
-    const QString name = QStringLiteral("windows_test::PlacedDialog");
-    store.WriteString(key, name, QStringLiteral("nonsense"));
-    QRect unplaced;
-    {
-        PlacedDialog dialog;
-        dialog.show();
-        unplaced = dialog.geometry();
-        dialog.hide();
-    }
-    for (const char* stored : {"5000,5000,300,200,0", "-900,10,300,200,0", "10,10,90000,200,0",
-                               "10,10,0,200,0", "1,2,3", "10,10,300,200,7", ""}) {
-        store.WriteString(key, name, QString::fromLatin1(stored));
-        PlacedDialog dialog;
-        dialog.show();
-        EXPECT_EQ(dialog.geometry(), unplaced) << stored;
-        dialog.hide();
-    }
+    EXPECT_EQ(store.ReadString(key, name), QStringLiteral("120,90,420,260,0"));
+    EXPECT_EQ(opened(), where);
 }
 
 } // namespace windows_test
