@@ -308,6 +308,8 @@ TEST(WindowsTest, WorkerRunsUntilStoppedAndHandsResultsToTheWindow) {
             QThread::msleep(2);
         }
         sawStop = true;
+        // Posted after the stop: still undelivered when StopWorker returns.
+        dialog.PostToWindow([&delivered] { delivered.push_back(-1); });
     };
     dialog.show();
 
@@ -323,8 +325,14 @@ TEST(WindowsTest, WorkerRunsUntilStoppedAndHandsResultsToTheWindow) {
         // Stopping joined: the worker has seen the request and ended.
         EXPECT_TRUE(sawStop) << run;
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        // What the first run left undelivered never reaches the second run.
+        if (run == 0)
+            continue;
         // Every round arrives, in order, the last ones after the worker ended.
         QCoreApplication::sendPostedEvents();
+        ASSERT_FALSE(delivered.empty());
+        EXPECT_EQ(delivered.back(), -1);
+        delivered.pop_back();
         std::vector<int> rounds(delivered.size());
         std::iota(rounds.begin(), rounds.end(), 0);
         EXPECT_EQ(delivered, rounds) << run;
@@ -364,8 +372,13 @@ TEST(WindowsTest, AWorkerAsksTheWindowToTalkToTheReceiver) {
             failureCameBack = true;
         }
     };
+    receiver.Simulator().GetFaults().latencyMs = 50;
     dialog.show();
     dialog.StartWorker({}, {});
+    // Meanwhile the window waits for a command of its own: the worker's turn comes after it,
+    // never as a second command while the first waits.
+    EXPECT_EQ(CVexReceiverMate(receiver.Receiver()).Run(QStringLiteral("print,rcv/uptime")),
+              QStringLiteral("0"));
     ASSERT_TRUE(SpinUntil([&] { return failureCameBack.load(); }));
     dialog.StopWorker();
     EXPECT_EQ(elevation, QStringLiteral("5"));
