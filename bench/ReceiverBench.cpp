@@ -97,11 +97,3 @@ BENCHMARK(RoundTrip<Tcp>)->Name("RoundTrip/LoopbackTcp");
 BENCHMARK(PacedAt115200)->Name("Paced1000At115200")->Iterations(1)->Unit(benchmark::kSecond);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
