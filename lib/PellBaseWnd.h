@@ -160,7 +160,7 @@ protected:
                 return Answer{};
             }
         }
-        // The window outlives its worker (CPellWindow), so the action has run.
+        // Ready: the action ran, to its result or to its exception.
         if constexpr (std::is_void_v<Result>) {
             future.get();
             return true;
