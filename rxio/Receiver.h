@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rxio/Listeners.h"
 #include "rxio/rxio_export.h"
 
 #include <QByteArray>
@@ -89,6 +90,9 @@ public:
     virtual bool IsConnected() const = 0;
 
     virtual void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) = 0;
+    // Live data, held weakly like notices: a listener that is gone is simply not told.
+    virtual void RegisterSatListListener(const std::shared_ptr<ISatListListener>& listener) = 0;
+    virtual void RegisterPositionListener(const std::shared_ptr<IPositionListener>& listener) = 0;
 
     virtual IPort& Port() = 0;
     // While suspended, every byte from the receiver goes to Port() untouched.

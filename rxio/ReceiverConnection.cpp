@@ -32,6 +32,21 @@ private:
     std::function<void(ENotification)> m_action;
 };
 
+// Tells every listener still alive; a listener may register others meanwhile.
+template <class Listener, class Call>
+void TellAll(const std::vector<std::weak_ptr<Listener>>& listeners, const Call& call) {
+    const auto copy = listeners;
+    for (const auto& weak : copy)
+        if (const auto listener = weak.lock())
+            call(*listener);
+}
+
+template <class Listener>
+void Add(std::vector<std::weak_ptr<Listener>>& listeners, const std::shared_ptr<Listener>& one) {
+    std::erase_if(listeners, [](const auto& weak) { return weak.expired(); });
+    listeners.emplace_back(one);
+}
+
 // A command must stay one line: anything that would end it early is refused before it is sent.
 bool IsOneLine(const QString& command) {
     return !command.contains(QLatin1Char('\n')) && !command.contains(QLatin1Char('\r')) &&
@@ -100,12 +115,21 @@ CReceiverConnection::CReceiverConnection(std::unique_ptr<CLink> link)
     };
     m_parser.onNmea = [this](const QByteArray& line) {
         emit nmeaReceived(line);
+        m_decoder.Decode(line);
+    };
+    m_decoder.onSky = [this](const std::vector<ISatListListener::SatelliteInfo>& sky) {
+        TellAll(m_satListeners, [&sky](ISatListListener& l) { l.OnSatellites(sky); });
+    };
+    m_decoder.onPosition = [this](const IPositionListener::Position& position) {
+        TellAll(m_positionListeners, [&position](IPositionListener& l) { l.OnPosition(position); });
     };
 }
 
 CReceiverConnection::~CReceiverConnection() {
     m_parser.onFrame = nullptr;
     m_parser.onNmea = nullptr;
+    m_decoder.onSky = nullptr;
+    m_decoder.onPosition = nullptr;
     m_link->Close();
 }
 
@@ -141,6 +165,18 @@ void CReceiverConnection::RegisterNotice(const std::shared_ptr<INotice>& notice,
     RequireOwnerThread("RegisterNotice");
     std::erase_if(m_notices, [](const auto& entry) { return entry.first.expired(); });
     m_notices.emplace_back(notice, kind);
+}
+
+void CReceiverConnection::RegisterSatListListener(
+    const std::shared_ptr<ISatListListener>& listener) {
+    RequireOwnerThread("RegisterSatListListener");
+    Add(m_satListeners, listener);
+}
+
+void CReceiverConnection::RegisterPositionListener(
+    const std::shared_ptr<IPositionListener>& listener) {
+    RequireOwnerThread("RegisterPositionListener");
+    Add(m_positionListeners, listener);
 }
 
 bool CReceiverConnection::IsConnected() const {

@@ -2,6 +2,7 @@
 
 #include "rxio/Framing.h"
 #include "rxio/Link.h"
+#include "rxio/NmeaDecoder.h"
 #include "rxio/Receiver.h"
 #include "rxio/rxio_export.h"
 
@@ -28,6 +29,8 @@ public:
     void Abandon(CommandId id) override;
     bool IsConnected() const override;
     void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) override;
+    void RegisterSatListListener(const std::shared_ptr<ISatListListener>& listener) override;
+    void RegisterPositionListener(const std::shared_ptr<IPositionListener>& listener) override;
     IPort& Port() override;
     void SuspendPort() override;
     void ResumePort() override;
@@ -42,6 +45,8 @@ public:
     // Replies that matched no pending command (late, abandoned or unasked), and skipped bytes.
     std::uint64_t UnmatchedReplies() const { return m_unmatched; }
     std::uint64_t GarbageBytes() const { return m_parser.GarbageBytes(); }
+    // NMEA sentences that could not be decoded.
+    std::uint64_t DroppedSentences() const { return m_decoder.Dropped(); }
 
 signals:
     void identified(const rxio::ReceiverIdentity& identity);
@@ -82,6 +87,7 @@ private:
 
     std::unique_ptr<CLink> m_link;
     CFrameParser m_parser;
+    CNmeaDecoder m_decoder;
     std::unique_ptr<RawPort> m_port;
     bool m_connected = true;
     bool m_suspended = false;
@@ -92,6 +98,8 @@ private:
     std::set<CommandId> m_delivering;
     QTimer m_timeout;
     std::vector<std::pair<std::weak_ptr<INotice>, ENotification>> m_notices;
+    std::vector<std::weak_ptr<ISatListListener>> m_satListeners;
+    std::vector<std::weak_ptr<IPositionListener>> m_positionListeners;
     ReceiverIdentity m_identity;
     std::uint64_t m_unmatched = 0;
     int m_callingOut = 0;

@@ -28,6 +28,8 @@ public:
     void Abandon(CommandId id) override { m_abandoned = id; }
     bool IsConnected() const override { return true; }
     void RegisterNotice(const std::shared_ptr<rxio::INotice>&, rxio::ENotification) override {}
+    void RegisterSatListListener(const std::shared_ptr<rxio::ISatListListener>&) override {}
+    void RegisterPositionListener(const std::shared_ptr<rxio::IPositionListener>&) override {}
     rxio::IPort& Port() override { std::abort(); }
     void SuspendPort() override {}
     void ResumePort() override {}
