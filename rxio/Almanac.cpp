@@ -82,6 +82,12 @@ int FileUsi(long prn, int line) {
     Fail(line, "PRN " + std::to_string(prn) + " is neither GPS (1-32) nor QZSS (193-202)");
 }
 
+// Files give the week in ten bits; a larger number is taken as the full week it already is.
+int FileWeek(std::string_view token, int line, int referenceWeek) {
+    const int week = static_cast<int>(Integer(token, line, "week", 0, 9999));
+    return week < 1024 ? ResolveWeek(week, referenceWeek) : week;
+}
+
 bool KeplerianUsi(int usi) {
     return (usi >= 1 && usi <= 32) || (usi >= 71 && usi <= 106) || (usi >= 176 && usi <= 189) ||
            (usi >= 193 && usi <= 202) || (usi >= 203 && usi <= 265);
@@ -183,8 +189,7 @@ Almanac FromYuma(const YumaRecord& r, int referenceWeek) {
     a.usi = FileUsi(Integer(r.values[kId], r.lines[kId], "ID", 0, 999), r.lines[kId]);
     a.health =
         static_cast<unsigned>(Integer(r.values[kHealth], r.lines[kHealth], "health", 0, 255));
-    a.week = ResolveWeek(
-        static_cast<int>(Integer(r.values[kWeek], r.lines[kWeek], "week", 0, 1023)), referenceWeek);
+    a.week = FileWeek(r.values[kWeek], r.lines[kWeek], referenceWeek);
     a.eccentricity = num(kEccentricity);
     a.toa = num(kToa);
     a.inclination = num(kInclination);
@@ -322,8 +327,7 @@ std::vector<Almanac> ParseSem(std::string_view text, int referenceWeek) {
         Fail(tokens[2 + count * kPerSatellite].line,
              "text after the " + std::to_string(count) + " almanacs the header announces");
 
-    const int week = ResolveWeek(
-        static_cast<int>(Integer(tokens[0].text, tokens[0].line, "week", 0, 1023)), referenceWeek);
+    const int week = FileWeek(tokens[0].text, tokens[0].line, referenceWeek);
     const double toa = Number(tokens[1].text, tokens[1].line, "time of applicability");
     std::vector<Almanac> out;
     std::set<int> seen;

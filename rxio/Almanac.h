@@ -97,8 +97,9 @@ public:
 // Files larger than this are refused unread: a full YUMA file of 64 satellites is about 40 KiB.
 inline constexpr qint64 kMaxAlmanacFileSize = 1 << 20;
 
-// YUMA and SEM text, GPS and QZSS satellites (USI = PRN). The 10-bit week is resolved against
-// `referenceWeek` (a full GPS week, usually the current one). Throw CAlmanacError on any fault.
+// YUMA and SEM text, GPS and QZSS satellites (USI = PRN). A 10-bit week is resolved against
+// `referenceWeek` (a full GPS week, usually the current one); a week from 1024 up is taken as it
+// is. Throw CAlmanacError on any fault.
 RXIO_EXPORT std::vector<Almanac> ParseYuma(std::string_view text, int referenceWeek);
 RXIO_EXPORT std::vector<Almanac> ParseSem(std::string_view text, int referenceWeek);
 

@@ -98,6 +98,11 @@ TEST(AlmanacTest, TenBitWeekResolvesNearestToReference) {
     for (const Case& c : cases)
         EXPECT_EQ(rxio::ResolveWeek(c.week10, c.reference), c.full)
             << c.week10 << " near " << c.reference;
+    // A file that gives the full week keeps it, whatever the reference.
+    QByteArray full = Read(DataFile("gnsstk_test_input_yuma377.txt"));
+    full.replace("week:                        377", "week: 1401");
+    for (const rxio::Almanac& a : rxio::ParseYuma(full.toStdString(), 2400))
+        EXPECT_EQ(a.week, 1401);
 }
 
 TEST(AlmanacTest, UtcToGpsCountsLeapSeconds) {
@@ -170,7 +175,7 @@ TEST(AlmanacTest, BrokenInputIsRefusedWhole) {
         {"sqrt(A) of nothing", Replace(yuma, "5153.683594", "0.0"), "sqrt(A) out of range"},
         {"unknown prn", Replace(yuma, "ID:                         02", "ID: 99"), "PRN 99"},
         {"prn twice", Replace(yuma, "ID:                         02", "ID: 01"), "appears twice"},
-        {"ten-bit week over 1023", Replace(yuma, "week:                        377", "week: 1400"),
+        {"week beyond any", Replace(yuma, "week:                        377", "week: 12000"),
          "week must be a whole number"},
         {"garbage",
          QByteArray("\x7f"
