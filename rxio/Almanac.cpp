@@ -1,7 +1,9 @@
 #include "rxio/Almanac.h"
 
 #include <QFile>
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <numbers>
@@ -21,7 +23,7 @@ constexpr double kWgs84F = 1.0 / 298.257223563;
 constexpr double kWgs84E2 = kWgs84F * (2.0 - kWgs84F);
 constexpr qint64 kGpsEpochUnixSeconds = 315964800; // 1980-01-06T00:00:00Z
 
-// UTC days (seconds since 1970) from which GPS - UTC grew by one second, 1981 to 2017.
+// UTC moments (seconds since 1970-01-01) from which GPS - UTC grew by one second, 1981 to 2017.
 constexpr std::array<qint64, 18> kLeapSecondStarts = {
     362793600, 394329600,  425865600,  489024000,  567993600,  631152000,
     662688000, 709948800,  741484800,  773020800,  820454400,  867715200,
@@ -175,7 +177,6 @@ struct YumaRecord {
     int line = 0;
     std::array<std::string_view, kFieldCount> values{};
     std::array<int, kFieldCount> lines{};
-    int count = 0;
 };
 
 Almanac FromYuma(const YumaRecord& r, int referenceWeek) {
@@ -214,8 +215,8 @@ int GpsTime::LeapSeconds(const QDateTime& utc) {
 }
 
 GpsTime GpsTime::FromUtc(const QDateTime& utc) {
-    const double unix = double(utc.toMSecsSinceEpoch()) / 1000.0;
-    return GpsTime(unix - double(kGpsEpochUnixSeconds) + LeapSeconds(utc));
+    const double unixSeconds = double(utc.toMSecsSinceEpoch()) / 1000.0;
+    return GpsTime(unixSeconds - double(kGpsEpochUnixSeconds) + LeapSeconds(utc));
 }
 
 int GpsTime::Week() const {
