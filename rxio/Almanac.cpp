@@ -407,11 +407,10 @@ AzEl AzimuthElevation(const Almanac& almanac, GpsTime t, const vex::POS_GEO& obs
     const double north = -sinLat * cosLon * dx - sinLat * sinLon * dy + cosLat * dz;
     const double up = cosLat * cosLon * dx + cosLat * sinLon * dy + sinLat * dz;
 
-    constexpr double kDegrees = 180.0 / kPi;
-    double azimuth = std::atan2(east, north) * kDegrees;
+    double azimuth = std::atan2(east, north);
     if (azimuth < 0.0)
-        azimuth += 360.0;
-    return {azimuth, std::atan2(up, std::hypot(east, north)) * kDegrees};
+        azimuth += 2.0 * kPi;
+    return {azimuth, std::atan2(up, std::hypot(east, north))};
 }
 
 void CAlmanacStorage::Set(const Almanac& almanac) {

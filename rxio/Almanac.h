@@ -81,8 +81,8 @@ struct Almanac {
     GpsTime Epoch() const { return GpsTime::FromWeek(week, toa); }
 };
 
-// Azimuth in degrees clockwise from north, 0 to 360; elevation in degrees above the horizon,
-// -90 to 90.
+// Azimuth in radians clockwise from north, 0 to 2π; elevation in radians above the horizon,
+// -π/2 to π/2 (the sky plot turns them into degrees).
 struct AzEl {
     double azimuth = 0.0;
     double elevation = 0.0;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <numbers>
 #include <string_view>
 
 // What every almanac a parser accepts must give: values in range, and a finite direction from
@@ -23,8 +24,8 @@ inline void CheckAccepted(std::vector<rxio::Almanac> (*parse)(std::string_view, 
         for (const double day : {-1.0, 0.0, 1.0}) {
             const rxio::GpsTime t(a.Epoch().Seconds() + day * 86400.0);
             const rxio::AzEl azel = rxio::AzimuthElevation(a, t, {0.8, -2.0, 300.0});
-            if (!(azel.azimuth >= 0.0 && azel.azimuth < 360.0) ||
-                !(std::abs(azel.elevation) <= 90.0))
+            if (!(azel.azimuth >= 0.0 && azel.azimuth < 2.0 * std::numbers::pi) ||
+                !(std::abs(azel.elevation) <= std::numbers::pi / 2.0))
                 std::abort();
         }
     }

@@ -148,8 +148,8 @@ TEST(AlmanacTest, AzimuthElevationMatchIndependentValues) {
             store.CalculateAZ_EL(rxio::usi::Gps(c.prn), GpsTime::FromWeek(c.week, c.secondsOfWeek),
                                  {c.latitude * kRadians, c.longitude * kRadians, c.height});
         ASSERT_TRUE(azel);
-        EXPECT_NEAR(azel->azimuth, c.azimuth, 0.01);
-        EXPECT_NEAR(azel->elevation, c.elevation, 0.01);
+        EXPECT_NEAR(azel->azimuth / kRadians, c.azimuth, 0.01);
+        EXPECT_NEAR(azel->elevation / kRadians, c.elevation, 0.01);
     }
     EXPECT_FALSE(store.CalculateAZ_EL(18, GpsTime::FromWeek(2086, 0), {}));
 }
