@@ -91,8 +91,9 @@ int FileWeek(std::string_view token, int line, int referenceWeek) {
 }
 
 bool KeplerianUsi(int usi) {
-    return (usi >= 1 && usi <= 32) || (usi >= 71 && usi <= 106) || (usi >= 176 && usi <= 189) ||
-           (usi >= 193 && usi <= 202) || (usi >= 203 && usi <= 265);
+    // The satellite record's ranges: GPS, Galileo, IRNSS, QZSS, BeiDou.
+    return (usi >= 1 && usi <= 37) || (usi >= 71 && usi <= 106) || (usi >= 176 && usi <= 182) ||
+           (usi >= 193 && usi <= 202) || (usi >= 203 && usi <= 239);
 }
 
 void Check(bool ok, const char* what, double value) {

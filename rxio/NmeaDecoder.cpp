@@ -60,7 +60,7 @@ std::optional<std::uint16_t> Resolve(ENumbering numbering, int n) {
             return Key(Sat::QZSS, n - 192);
         if (in(301, 336))
             return Key(Sat::Galileo, n - 300);
-        if (in(401, 463))
+        if (in(401, 437))
             return Key(Sat::BeiDou, n - 400);
         break;
     case ENumbering::Glonass:
@@ -75,8 +75,9 @@ std::optional<std::uint16_t> Resolve(ENumbering numbering, int n) {
                 return Key(Sat::Galileo, n - base);
         break;
     case ENumbering::BeiDou:
+        // The satellite record numbers BeiDou 1..37 only.
         for (const int base : {0, 200, 400})
-            if (in(base + 1, base + 63))
+            if (in(base + 1, base + 37))
                 return Key(Sat::BeiDou, n - base);
         break;
     case ENumbering::Qzss:
@@ -234,7 +235,9 @@ std::optional<double> Angle(QByteArrayView value, QByteArrayView hemisphere, int
     const double degrees = std::floor(*raw / 100);
     const double minutes = *raw - degrees * 100;
     const char h = hemisphere[0];
-    if (minutes >= 60 || !(h == 'N' || h == 'S' || h == 'E' || h == 'W')) {
+    const double limit = degreeDigits == 2 ? 90 : 180;
+    if (minutes >= 60 || degrees + minutes / 60 > limit ||
+        !(h == 'N' || h == 'S' || h == 'E' || h == 'W')) {
         ok = false;
         return std::nullopt;
     }
@@ -341,6 +344,15 @@ void CNmeaDecoder::Flush() {
     EndEpoch();
 }
 
+void CNmeaDecoder::Reset() {
+    m_line.clear();
+    m_inSentence = false;
+    m_overlong = false;
+    m_sky.clear();
+    m_used.clear();
+    m_groups.clear();
+}
+
 CNmeaDecoder::SatelliteInfo& CNmeaDecoder::SatelliteFor(std::uint16_t key) {
     for (Satellite& s : m_sky)
         if (s.key == key)
@@ -414,14 +426,14 @@ bool CNmeaDecoder::DecodeGsa(QByteArrayView talker, const Fields& f) {
         return false;
     qsizetype svs = f.size() - 6;
     ENumbering numbering = FromTalker(talker);
-    if (f.size() == 19) {
+    // A system id after the DOPs: a whole number 1..6 (a DOP has a decimal point).
+    if (const std::optional<int> system = f.size() >= 19 ? Int(f.back()) : std::nullopt;
+        system && *system >= 1 && *system < 7) {
         --svs;
         static constexpr std::array<ENumbering, 7> kSystems = {
             ENumbering::Unknown, ENumbering::Mixed, ENumbering::Glonass, ENumbering::Galileo,
             ENumbering::BeiDou,  ENumbering::Qzss,  ENumbering::NavIc};
-        const std::optional<int> system = Int(f.back());
-        if (system && *system >= 1 && *system < 7)
-            numbering = kSystems[static_cast<std::size_t>(*system)];
+        numbering = kSystems[static_cast<std::size_t>(*system)];
     }
     const std::optional<int> fix = Int(f[2]);
     if (fix && *fix < 0)
@@ -446,14 +458,23 @@ bool CNmeaDecoder::AtTime(QByteArrayView time) {
     const std::optional<int> mm = Int(time.sliced(2, 2));
     bool ok = true;
     const std::optional<double> ss = Real(time.sliced(4), ok);
-    if (!hh || !mm || !ss || *hh > 23 || *mm > 59 || *ss < 0 || *ss >= 61)
+    if (!hh || !mm || !ss || *hh < 0 || *hh > 23 || *mm < 0 || *mm > 59 || *ss < 0 || *ss >= 61)
         return false;
     const auto ms = static_cast<std::int64_t>(((*hh * 60 + *mm) * 60 + *ss) * 1000 + 0.5);
     if (m_timed && ms == m_epochMs)
         return true;
     EndEpoch();
-    if (m_timed && ms < m_epochMs)
+    if (!m_timed) {
+        // Tracking times counted in epochs so far start again on the receiver's clock.
+        m_firstSeen.clear();
+    } else if (m_epochMs - ms > 43'200'000) {
         m_dayOffsetMs += 86'400'000; // past midnight
+    } else if (ms < m_epochMs) {
+        // The receiver's clock stepped back (a cold start learning GPS-UTC, a replayed log):
+        // tracking times go on from where they were.
+        for (FirstSeen& seen : m_firstSeen)
+            seen.ms -= m_epochMs - ms;
+    }
     m_timed = true;
     m_epochMs = ms;
     return true;

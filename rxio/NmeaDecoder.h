@@ -34,6 +34,9 @@ public:
     void Decode(QByteArrayView sentence);
     // Hands out the epoch under way (end of input).
     void Flush();
+    // Forgets the sentence and the epoch under way (the stream was interrupted); tracking times
+    // and counters stay.
+    void Reset();
 
     std::uint64_t Decoded() const { return m_decoded; }
     std::uint64_t Dropped() const { return m_dropped; }

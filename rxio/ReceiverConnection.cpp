@@ -192,6 +192,8 @@ IPort& CReceiverConnection::Port() {
 void CReceiverConnection::SuspendPort() {
     RequireOwnerThread("SuspendPort");
     m_suspended = true;
+    // What the receiver says after the pass-through is a new stream.
+    m_decoder.Reset();
 }
 
 ReceiverIdentity CReceiverConnection::Identity() const {
@@ -203,8 +205,12 @@ void CReceiverConnection::ResumePort() {
     RequireOwnerThread("ResumePort");
     m_suspended = false;
     m_parser.Reset();
+    m_decoder.Reset();
     const QByteArray rest = std::exchange(m_port->m_buffer, {});
-    m_parser.Feed(rest);
+    {
+        const CallingOut guard(m_callingOut);
+        m_parser.Feed(rest);
+    }
     SendNext();
 }
 
@@ -319,6 +325,8 @@ void CReceiverConnection::OnLost(const QString& reason) {
 }
 
 void CReceiverConnection::EndSession() {
+    const CallingOut guard(m_callingOut);
+    m_decoder.Flush(); // the last sky and position heard
     m_connected = false;
     m_timeout.stop();
     std::deque<Pending> pending = std::exchange(m_queue, {});

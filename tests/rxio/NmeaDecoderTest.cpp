@@ -90,6 +90,11 @@ TEST(NmeaDecoderTest, NumbersSignalsAndBrokenInputComeOutAsDocumented) {
              "$GPGSV,1,1,01,09,10,010,11*00\r\n$GPGSV,1,1,01,08,10,010,11,1" +
              WithSum("GPGSV,1,1,01,07,10,010,11," + QByteArray(120, '0')) + gga,
          "1:10/10:0=11:6 2:20/20:0=22:6 3:30/30:0=33:6 4:40/40:0=44:6", 3},
+        {"a number the record cannot hold, a latitude past the pole, a GSA of 16 with its system",
+         WithSum("GBGSV,1,1,02,19,15,150,35,38,10,100,30") + WithSum("GPGSV,1,1,01,05,40,100,45") +
+             WithSum("GNGSA,A,3,20,19,18,17,16,15,14,13,12,11,10,09,08,07,06,05,1.0,1.0,1.0,1") +
+             WithSum("GPGGA,120000.00,9959.999,N,01100.000,E,1,05,1.0,500.0,M,47.0,M,,") + gga,
+         "5:40/100:0=45:0 221:15/150:0=35:6", 1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -145,6 +150,7 @@ std::pair<int, int> Ours(const Sat& s) {
 // The reference files Galileo's E1 and E5a under one signal id, whichever came last: its
 // Galileo signal strengths say nothing.
 constexpr int kGalileo = 2;
+constexpr int kBeiDou = 3;
 
 int SlotOf(int gnssid, int sigid) {
     static const std::map<std::pair<int, int>, int> kSlots = {
@@ -185,6 +191,9 @@ View FromReport(const QJsonArray& satellites, bool withUsed) {
     std::map<std::pair<int, int>, Merged> merged;
     for (const QJsonValue& v : satellites) {
         const QJsonObject o = v.toObject();
+        // The satellite record numbers BeiDou 1..37 only: later satellites are not shown.
+        if (o[QLatin1String("gnssid")].toInt() == kBeiDou && o[QLatin1String("svid")].toInt() > 37)
+            continue;
         auto& [az, el, snr, used] =
             merged[{o[QLatin1String("gnssid")].toInt(), o[QLatin1String("svid")].toInt()}];
         if (o.contains(QLatin1String("az")))
