@@ -32,7 +32,8 @@ private:
     std::function<void(ENotification)> m_action;
 };
 
-// Tells every listener still alive; a listener may register others meanwhile.
+// Notices and listeners are held weakly: tells every one still alive (one may register others
+// meanwhile).
 template <class Listener, class Call>
 void TellAll(const std::vector<std::weak_ptr<Listener>>& listeners, const Call& call) {
     const auto copy = listeners;
@@ -163,8 +164,7 @@ void CReceiverConnection::Abandon(CommandId id) {
 void CReceiverConnection::RegisterNotice(const std::shared_ptr<INotice>& notice,
                                          ENotification kind) {
     RequireOwnerThread("RegisterNotice");
-    std::erase_if(m_notices, [](const auto& entry) { return entry.first.expired(); });
-    m_notices.emplace_back(notice, kind);
+    Add(m_notices[kind], notice);
 }
 
 void CReceiverConnection::RegisterSatListListener(
@@ -339,11 +339,7 @@ void CReceiverConnection::EndSession() {
 }
 
 void CReceiverConnection::Notify(ENotification kind) {
-    const auto notices = m_notices; // a notice may register others
-    for (const auto& [weak, registeredKind] : notices)
-        if (registeredKind == kind)
-            if (const auto notice = weak.lock())
-                notice->Notify(kind);
+    TellAll(m_notices[kind], [kind](INotice& notice) { notice.Notify(kind); });
 }
 
 } // namespace rxio

@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QTimer>
 #include <deque>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -97,7 +98,7 @@ private:
     // Commands whose result is on its way to their completion.
     std::set<CommandId> m_delivering;
     QTimer m_timeout;
-    std::vector<std::pair<std::weak_ptr<INotice>, ENotification>> m_notices;
+    std::map<ENotification, std::vector<std::weak_ptr<INotice>>> m_notices;
     std::vector<std::weak_ptr<ISatListListener>> m_satListeners;
     std::vector<std::weak_ptr<IPositionListener>> m_positionListeners;
     ReceiverIdentity m_identity;
