@@ -98,8 +98,7 @@ void Connection::Attach(std::unique_ptr<rxio::CLink> link) {
     connect(m_receiver.get(), &rxio::CReceiverConnection::connectionLost, this,
             [this](const QString& reason) {
                 // The receiver object stays until the next Open or Close: it is the sender.
-                if (m_openPort)
-                    m_hooks.postClose(std::exchange(m_openPort, nullptr));
+                ReleasePort();
                 SetState(EState::Lost, reason);
             });
     SetState(EState::Connected);
@@ -118,6 +117,10 @@ void Connection::TearDown() {
     m_receiver.reset();
     m_simulatorEnd.reset();
     m_simulator.reset();
+    ReleasePort();
+}
+
+void Connection::ReleasePort() {
     if (m_openPort)
         m_hooks.postClose(std::exchange(m_openPort, nullptr));
 }

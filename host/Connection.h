@@ -65,6 +65,8 @@ private:
     void Fail(const QString& error);
     // Lets go of everything; PostClosePort if the port was opened.
     void TearDown();
+    // PostClosePort for the open port, once.
+    void ReleasePort();
     void SetState(EState state, const QString& message = {});
 
     std::shared_ptr<const rxsim::CModel> m_model;

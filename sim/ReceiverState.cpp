@@ -393,6 +393,9 @@ Answer CReceiverState::Create(const QStringList& args, SideEffects&) {
         index = args[1].trimmed().toInt(&ok);
         if (!ok || index < 0 || index >= def.maxItems)
             return ErrorAnswer(2, QStringLiteral("value out of range"));
+        // An item that exists keeps its values: creating it again is refused.
+        if (used.contains(QString::asprintf("%02d", index)))
+            return ErrorAnswer(2, QStringLiteral("value out of range"));
     } else {
         while (used.contains(QString::asprintf("%02d", index)))
             ++index;
@@ -400,9 +403,6 @@ Answer CReceiverState::Create(const QStringList& args, SideEffects&) {
             return ErrorAnswer(2, QStringLiteral("value out of range"));
     }
     const QString item = path + QLatin1Char('/') + QString::asprintf("%02d", index);
-    // An item that exists keeps its values: creating it again is refused.
-    if (used.contains(item.section(QLatin1Char('/'), -1)))
-        return ErrorAnswer(2, QStringLiteral("value out of range"));
     for (const ParamSpec& field : def.item)
         AddParam(field, item + QLatin1Char('/') + field.path);
     return {false, QString::number(index)};

@@ -83,11 +83,9 @@ void CSimulator::Serve(QIODevice* device) {
     m_pacedBytes = 0;
     m_drainTimer->stop();
     EndPassThrough();
-    m_dropTimer->stop();
-    m_resetTimer->stop();
-    m_garbageTimer->stop();
+    StopFaultTimers();
     if (m_faults.dropAtMs >= 0)
-        DropAfter(m_faults.dropAtMs);
+        m_dropTimer->start(m_faults.dropAtMs);
     if (m_faults.resetAtMs >= 0)
         m_resetTimer->start(m_faults.resetAtMs);
     if (m_faults.garbageEveryMs > 0)
@@ -95,6 +93,11 @@ void CSimulator::Serve(QIODevice* device) {
     connect(device, &QIODevice::readyRead, this, &CSimulator::OnControllerBytes);
     if (device->bytesAvailable() > 0)
         OnControllerBytes();
+}
+
+void CSimulator::StopFaultTimers() {
+    for (QTimer* timer : {m_dropTimer, m_resetTimer, m_garbageTimer})
+        timer->stop();
 }
 
 void CSimulator::AttachPortDevice(const QString& port, QIODevice* device) {
@@ -116,9 +119,7 @@ void CSimulator::DropConnection() {
         return;
     QIODevice* device = m_device;
     m_device = nullptr;
-    m_dropTimer->stop();
-    m_resetTimer->stop();
-    m_garbageTimer->stop();
+    StopFaultTimers();
     disconnect(device, nullptr, this, nullptr);
     device->close();
     emit connectionDropped();

@@ -69,6 +69,7 @@ private:
     // Bytes of the pass-through towards its port; returns those after the terminator.
     QByteArray PassThrough(const QByteArray& bytes);
     void EndPassThrough();
+    void StopFaultTimers();
     void HandleLine(const QByteArray& line);
     void Answer(const QByteArray& id, const rxsim::Answer& answer);
     void Send(const QByteArray& bytes);
