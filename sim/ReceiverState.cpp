@@ -1,5 +1,7 @@
 #include "ReceiverState.h"
 
+#include "Sky.h"
+
 #include <cmath>
 
 namespace rxsim {
@@ -255,6 +257,8 @@ Answer CReceiverState::Print(const QStringList& args, SideEffects&) {
     if (args.size() != 1)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const Target t = ParseTarget(args[0]);
+    if (t.path == QLatin1String("alm") && t.attribute.isEmpty())
+        return {false, AlmanacRecord(m_almanacs)};
     if (!Exists(t.path))
         return ErrorAnswer(1, QStringLiteral("unknown path"));
     if (t.attribute == QLatin1String("def")) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Model.h"
+#include "rxio/Almanac.h"
 
 #include <QString>
 #include <QStringList>
@@ -40,6 +41,8 @@ public:
     // Ports that refuse "em," and "out," (as real receivers refuse them on some ports).
     std::set<QString>& RefusingPorts() { return m_refusing; }
     const std::map<QString, QStringList>& Messages() const { return m_messages; }
+    // The Keplerian almanacs "print,alm" answers.
+    void SetAlmanacs(std::vector<rxio::Almanac> almanacs) { m_almanacs = std::move(almanacs); }
     // The most recent texts given to "event" (at most kKeptEvents), oldest first.
     static constexpr qsizetype kKeptEvents = 256;
     const QStringList& Events() const { return m_events; }
@@ -88,6 +91,7 @@ private:
     std::set<QString> m_refusing;
     std::map<QString, QStringList> m_messages; // port → enabled message sets
     QStringList m_events;
+    std::vector<rxio::Almanac> m_almanacs;
 };
 
 // {code,,text}

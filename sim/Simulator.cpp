@@ -1,6 +1,9 @@
 #include "Simulator.h"
 
+#include "Nmea.h"
+
 #include <QIODevice>
+#include <QTimeZone>
 #include <QTimer>
 #include <algorithm>
 #include <optional>
@@ -48,11 +51,13 @@ QByteArray EncodeFrame(const char* kind, const QByteArray& id, const QByteArray&
 }
 
 CSimulator::CSimulator(std::shared_ptr<const CModel> model, const QString& profile, QObject* parent)
-    : QObject(parent), m_model(std::move(model)) {
+    : QObject(parent), m_model(std::move(model)),
+      m_sky(rxio::GpsTime::FromUtc(QDateTime::currentDateTimeUtc())) {
     const Profile* found = m_model->FindProfile(profile);
     if (found == nullptr)
         throw std::runtime_error("unknown receiver profile: " + profile.toStdString());
     m_state = std::make_unique<CReceiverState>(*m_model, *found);
+    m_state->SetAlmanacs(m_sky.Almanacs());
     m_drainTimer = new QTimer(this);
     m_drainTimer->setSingleShot(true);
     m_drainTimer->setTimerType(Qt::PreciseTimer);
@@ -66,6 +71,9 @@ CSimulator::CSimulator(std::shared_ptr<const CModel> model, const QString& profi
     m_dropTimer = makeTimer(true, &CSimulator::DropConnection);
     m_resetTimer = makeTimer(true, &CSimulator::AnnounceReset);
     m_garbageTimer = makeTimer(false, [this] { InjectGarbage(kGarbage); });
+    m_epochTimer = makeTimer(false, &CSimulator::SendEpoch);
+    m_epochTimer->setInterval(1000);
+    m_epochTimer->setTimerType(Qt::PreciseTimer);
 }
 
 CSimulator::~CSimulator() = default;
@@ -84,6 +92,11 @@ void CSimulator::Serve(QIODevice* device) {
     m_drainTimer->stop();
     EndPassThrough();
     StopFaultTimers();
+    // A new controller has asked for no data yet; the receiver's tracking starts with it.
+    SideEffects ignored;
+    m_state->Execute(QStringLiteral("dm,/cur/term"), ignored);
+    UpdateStream();
+    m_sky.StartSession(rxio::GpsTime::FromUtc(m_clock()));
     if (m_faults.dropAtMs >= 0)
         m_dropTimer->start(m_faults.dropAtMs);
     if (m_faults.resetAtMs >= 0)
@@ -120,6 +133,9 @@ void CSimulator::DropConnection() {
     QIODevice* device = m_device;
     m_device = nullptr;
     StopFaultTimers();
+    SideEffects ignored;
+    m_state->Execute(QStringLiteral("dm,/cur/term"), ignored);
+    UpdateStream();
     disconnect(device, nullptr, this, nullptr);
     device->close();
     emit connectionDropped();
@@ -255,6 +271,7 @@ void CSimulator::HandleLine(const QByteArray& line) {
     if (effects.powerOff)
         Send(EncodeFrame("NT", {}, "power,off"));
     StartPassThroughIfAsked();
+    UpdateStream();
 
     if (++m_commandsThisConnection == m_faults.dropAfterCommands)
         DropConnection();
@@ -284,6 +301,35 @@ void CSimulator::StartPassThroughIfAsked() {
     // When the terminator comes, the port goes back to its usual input mode.
     SideEffects ignored;
     m_imodeBeforeEcho = m_state->Execute(QStringLiteral("print,cur/term/imode&def"), ignored).text;
+}
+
+void CSimulator::UpdateStream() {
+    const auto& messages = m_state->Messages();
+    const auto port = messages.find(QStringLiteral("cur/term"));
+    const bool streaming = port != messages.end() &&
+                           std::any_of(kNmeaSets.begin(), kNmeaSets.end(), [&](const QString& set) {
+                               return port->second.contains(set);
+                           });
+    if (!streaming)
+        m_epochTimer->stop();
+    else if (!m_epochTimer->isActive())
+        m_epochTimer->start();
+}
+
+void CSimulator::SendEpoch() {
+    // A line still busy with the last epoch drops this one, as a receiver's full port does.
+    if (!m_device || !m_output.isEmpty())
+        return;
+    // Whole seconds, always forward, even when the timer fires twice within one second.
+    const qint64 ms = std::max(m_clock().toMSecsSinceEpoch() / 1000 * 1000, m_lastEpochMs + 1000);
+    m_lastEpochMs = ms;
+    const QDateTime utc = QDateTime::fromMSecsSinceEpoch(ms, QTimeZone::utc());
+    bool ok = false;
+    double mask = m_state->Value(QStringLiteral("pos/elm")).value_or(QString()).toDouble(&ok);
+    if (!ok)
+        mask = 5.0;
+    const auto sky = m_sky.At(rxio::GpsTime::FromUtc(utc), mask, m_faults.hiddenSatellites);
+    Emit(NmeaEpoch(sky, utc, m_sky.Observer(), m_state->Messages().at(QStringLiteral("cur/term"))));
 }
 
 void CSimulator::Send(const QByteArray& bytes) {

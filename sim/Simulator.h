@@ -2,12 +2,15 @@
 
 #include "Model.h"
 #include "ReceiverState.h"
+#include "Sky.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <set>
 
@@ -19,13 +22,14 @@ namespace rxsim {
 // Faults the simulated receiver can be told to show. Counts and times are per connection: they
 // start again with every Serve().
 struct Faults {
-    int latencyMs = 0;             // added before every answer
-    int baud = 0;                  // link rate both ways, 10 bits a byte; 0 = as fast as the link
-    int dropAfterCommands = -1;    // close the connection after its Nth command; -1 never
-    int dropAtMs = -1;             // close the connection this long after it starts; -1 never
-    int resetAtMs = -1;            // announce a reset this long after the connection starts
-    int garbageEveryMs = 0;        // send bytes that fit no frame this often; 0 never
-    std::set<QString> silentPaths; // commands naming these paths are never answered
+    int latencyMs = 0;              // added before every answer
+    int baud = 0;                   // link rate both ways, 10 bits a byte; 0 = as fast as the link
+    int dropAfterCommands = -1;     // close the connection after its Nth command; -1 never
+    int dropAtMs = -1;              // close the connection this long after it starts; -1 never
+    int resetAtMs = -1;             // announce a reset this long after the connection starts
+    int garbageEveryMs = 0;         // send bytes that fit no frame this often; 0 never
+    std::set<QString> silentPaths;  // commands naming these paths are never answered
+    std::set<int> hiddenSatellites; // USIs left out of the sky from now on
 };
 
 // A receiver that speaks the protocol of docs/protocol.md to one controller at a time.
@@ -39,6 +43,10 @@ public:
 
     CReceiverState& State() { return *m_state; }
     Faults& GetFaults() { return m_faults; }
+    // The orbits and the observer (CSky::SetObserver) the streamed sky is computed for.
+    CSky& Sky() { return m_sky; }
+    // Where epochs take their UTC from (the system clock unless replaced).
+    void SetClock(std::function<QDateTime()> clock) { m_clock = std::move(clock); }
 
     // Serves the controller on `device`, which stays the caller's; a previous one is let go.
     // Each connection starts clean: no half-read line, no pass-through, fault timers from now.
@@ -76,6 +84,9 @@ private:
     void Emit(const QByteArray& bytes);
     void Drain();
     void StartPassThroughIfAsked();
+    // Runs the epoch timer while the controller's port has an NMEA set enabled.
+    void UpdateStream();
+    void SendEpoch();
     QString ControllerValue(const char* leaf) const;
 
     std::shared_ptr<const CModel> m_model;
@@ -88,6 +99,12 @@ private:
     QTimer* m_dropTimer = nullptr;
     QTimer* m_resetTimer = nullptr;
     QTimer* m_garbageTimer = nullptr;
+    QTimer* m_epochTimer = nullptr;
+    std::function<QDateTime()> m_clock = [] {
+        return QDateTime::currentDateTimeUtc();
+    };
+    CSky m_sky;
+    qint64 m_lastEpochMs = 0; // UTC of the last epoch sent, ms since 1970
     QByteArray m_input;
     bool m_discardingLongLine = false;
     QString m_passThroughPort;

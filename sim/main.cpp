@@ -9,6 +9,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTextStream>
+#include <cmath>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -65,6 +66,23 @@ std::optional<Endpoint> ParseEndpoint(const QString& text, QString& error) {
     return Endpoint{address, static_cast<quint16>(port)};
 }
 
+// "LAT,LON,HEIGHT": degrees north, degrees east, metres above the ellipsoid.
+std::optional<vex::POS_GEO> ParseObserver(const QString& text, QString& error) {
+    const QStringList parts = text.split(QLatin1Char(','));
+    double values[3] = {};
+    bool ok = parts.size() == 3;
+    for (int i = 0; ok && i < 3; ++i)
+        values[i] = parts[i].trimmed().toDouble(&ok);
+    constexpr double kDeg = 3.14159265358979323846 / 180.0;
+    if (ok && std::abs(values[0]) <= 90 && std::abs(values[1]) <= 180 && values[2] >= -1000 &&
+        values[2] <= 100000)
+        return vex::POS_GEO{values[0] * kDeg, values[1] * kDeg, values[2]};
+    error = QStringLiteral("--observer wants LAT,LON,HEIGHT (degrees -90 to 90, -180 to 180, "
+                           "metres -1000 to 100000, with a decimal point), not \"%1\"")
+                .arg(text);
+    return std::nullopt;
+}
+
 QString Printable(const QHostAddress& address, quint16 port) {
     const QString host = address.protocol() == QAbstractSocket::IPv6Protocol
                              ? QLatin1Char('[') + address.toString() + QLatin1Char(']')
@@ -99,8 +117,13 @@ int main(int argc, char* argv[]) {
                                      "MS");
     const QCommandLineOption garbage("garbage-every", "Send garbage bytes every MS.", "MS");
     const QCommandLineOption silent("silent", "Never answer commands naming PATH.", "PATH");
+    const QCommandLineOption observer("observer",
+                                      "Observer position: latitude and longitude in degrees, "
+                                      "height in metres.",
+                                      "LAT,LON,HEIGHT");
+    const QCommandLineOption hide("hide", "Leave the satellite USI out of the sky.", "USI");
     parser.addOptions({listen, anyAddress, pty, profile, list, model, latency, baud, dropAfter,
-                       dropAt, resetAt, garbage, silent});
+                       dropAt, resetAt, garbage, silent, observer, hide});
     parser.process(app);
     if (!parser.positionalArguments().isEmpty())
         return Fail(QStringLiteral("unexpected argument \"%1\"")
@@ -149,6 +172,17 @@ int main(int argc, char* argv[]) {
     }
     for (const QString& path : parser.values(silent))
         faults.silentPaths.insert(path);
+    for (const QString& text : parser.values(hide)) {
+        bool ok = false;
+        const int usi = text.toInt(&ok);
+        if (!ok || usi < 1 || usi > 254)
+            return Fail(
+                QStringLiteral("--hide wants a satellite's USI, 1 to 254, not \"%1\"").arg(text));
+        faults.hiddenSatellites.insert(usi);
+    }
+    std::optional<vex::POS_GEO> site;
+    if (parser.isSet(observer) && !(site = ParseObserver(parser.value(observer), error)))
+        return Fail(error);
 
     std::unique_ptr<rxsim::CSimulator> simulator;
     try {
@@ -159,6 +193,8 @@ int main(int argc, char* argv[]) {
         return Fail(QString::fromUtf8(e.what()));
     }
     simulator->GetFaults() = faults;
+    if (site)
+        simulator->Sky().SetObserver(*site);
 
     QTcpServer server;
     std::unique_ptr<QTcpSocket> client;

@@ -1,4 +1,3 @@
-#include "Pty.h"
 #include "SimulatedReceiver.h"
 #include "rxio/Pipe.h"
 
@@ -19,58 +18,9 @@ using pell::test::Spin;
 using rxio::CommandResult;
 using rxio::CReceiverConnection;
 
-// Runs one command to its end with the event loop turning.
-CommandResult Exec(rxio::IReceiver& receiver, const QString& command, int timeoutMs = 2000) {
-    CommandResult result;
-    bool done = false;
-    QEventLoop loop;
-    receiver.StartCommand(command, timeoutMs, [&](const CommandResult& r) {
-        result = r;
-        done = true;
-        loop.quit();
-    });
-    if (!done)
-        loop.exec();
-    return result;
-}
-
-// The receiver through one of the three links.
-class Bench {
-public:
-    enum ELink { InProcess, Tcp, Pty };
-
-    explicit Bench(ELink kind) : simulator(pell::test::SmallModel(), QStringLiteral("alpha")) {
-        std::unique_ptr<rxio::CLink> link;
-        if (kind == InProcess) {
-            auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
-            receiverEnd = std::move(theirs);
-            simulator.Serve(receiverEnd.get());
-            link = rxio::OpenInProcessLink(std::move(mine), QStringLiteral("sim")).link;
-        } else if (kind == Tcp) {
-            server.listen(QHostAddress::LocalHost);
-            QObject::connect(&server, &QTcpServer::newConnection, [this] {
-                socket.reset(server.nextPendingConnection());
-                simulator.Serve(socket.get());
-            });
-            link = rxio::OpenTcpLink(QStringLiteral("127.0.0.1"), server.serverPort(), 2000).link;
-            EXPECT_TRUE(QTest::qWaitFor([this] { return socket != nullptr; }, 1000));
-        } else {
-            pty = std::make_unique<rxsim::CPty>();
-            simulator.Serve(pty.get());
-            auto opened = rxio::OpenSerialLink(pty->SlavePath(), 115200, false);
-            EXPECT_TRUE(opened.link) << opened.error.toStdString();
-            link = std::move(opened.link);
-        }
-        connection = CReceiverConnection::Create(std::move(link));
-    }
-
-    rxsim::CSimulator simulator;
-    std::unique_ptr<QIODevice> receiverEnd;
-    QTcpServer server;
-    std::unique_ptr<QTcpSocket> socket;
-    std::unique_ptr<rxsim::CPty> pty;
-    std::shared_ptr<CReceiverConnection> connection;
-};
+using pell::test::Exec;
+using pell::test::LinkName;
+using Bench = pell::test::LinkedSimulator;
 
 class EveryLink : public testing::TestWithParam<Bench::ELink> {};
 
@@ -104,11 +54,6 @@ TEST_P(EveryLink, CarriesRepliesAndTheIdentity) {
     const rxio::ReceiverIdentity id = bench.connection->Identity();
     EXPECT_EQ((QStringList{id.model, id.firmware, id.board, id.serialNumber}),
               (QStringList{"Ostrel Q", "4.2.1", "B-7", "SN-0042A"}));
-}
-
-std::string LinkName(const testing::TestParamInfo<Bench::ELink>& link) {
-    const char* names[] = {"InProcess", "Tcp", "Pty"};
-    return names[link.param];
 }
 
 INSTANTIATE_TEST_SUITE_P(Links, EveryLink,

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "Pty.h"
 #include "Simulator.h"
 #include "rxio/ReceiverConnection.h"
 
 #include <QIODevice>
 #include <QString>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <gtest/gtest.h>
 #include <memory>
 
 namespace pell::test {
@@ -32,6 +36,31 @@ private:
     std::unique_ptr<QIODevice> m_receiverEnd;
     std::shared_ptr<rxio::CReceiverConnection> m_receiver;
 };
+
+// A simulator and the library's connection to it through one of the three links.
+class LinkedSimulator {
+public:
+    enum ELink { InProcess, Tcp, Pty };
+
+    explicit LinkedSimulator(ELink kind, std::shared_ptr<const rxsim::CModel> model = SmallModel(),
+                             const QString& profile = QStringLiteral("alpha"));
+    ~LinkedSimulator();
+    LinkedSimulator(const LinkedSimulator&) = delete;
+    LinkedSimulator& operator=(const LinkedSimulator&) = delete;
+
+    rxsim::CSimulator simulator;
+    std::unique_ptr<QIODevice> receiverEnd;
+    QTcpServer server;
+    std::unique_ptr<QTcpSocket> socket;
+    std::unique_ptr<rxsim::CPty> pty;
+    std::shared_ptr<rxio::CReceiverConnection> connection;
+};
+
+// The link's name in a parameterised test's name.
+std::string LinkName(const testing::TestParamInfo<LinkedSimulator::ELink>& link);
+
+// Runs one command to its end with the event loop turning.
+rxio::CommandResult Exec(rxio::IReceiver& receiver, const QString& command, int timeoutMs = 2000);
 
 // Turns the event loop for `ms` milliseconds.
 void Spin(int ms);

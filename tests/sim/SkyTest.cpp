@@ -1,0 +1,194 @@
+#include "Sky.h"
+
+#include "Nmea.h"
+#include "SimulatedReceiver.h"
+#include "rxio/NmeaDecoder.h"
+
+#include <QTest>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <map>
+#include <numbers>
+
+namespace {
+
+using pell::test::Exec;
+using pell::test::LinkedSimulator;
+using pell::test::LinkName;
+using rxio::GpsTime;
+using rxsim::CSky;
+using rxsim::ESystem;
+using rxsim::SkySatellite;
+
+constexpr double kDeg = std::numbers::pi / 180.0;
+
+// An hour of sky, a minute apart, under two masks: what every epoch must hold, and satellites
+// rising (marked rising, tracked since then) and setting (marked setting before they go).
+TEST(SkyTest, AnHourOfSky) {
+    const GpsTime start = GpsTime::FromUtc(QDateTime::currentDateTimeUtc());
+    for (const double mask : {5.0, 20.0}) {
+        SCOPED_TRACE(mask);
+        CSky sky(start);
+        sky.StartSession(start);
+        std::map<int, SkySatellite> before;
+        int risen = 0;
+        int set = 0;
+        for (int minute = 0; minute <= 60; ++minute) {
+            SCOPED_TRACE(minute);
+            const auto now = sky.At(GpsTime(start.Seconds() + minute * 60), mask, {});
+            std::set<ESystem> systems;
+            std::map<int, SkySatellite> byUsi;
+            int scintillating = 0;
+            int unknownSlot = 0;
+            int used = 0;
+            for (const SkySatellite& s : now) {
+                EXPECT_TRUE(byUsi.emplace(s.usi, s).second) << "USI twice: " << s.usi;
+                systems.insert(s.system);
+                EXPECT_GE(s.elevation, mask) << s.usi;
+                EXPECT_LE(s.tracked, minute * 60) << s.usi;
+                EXPECT_FALSE(s.signalList.empty()) << s.usi;
+                scintillating += s.scintillation ? 1 : 0;
+                if (!s.slotKnown) {
+                    ++unknownSlot;
+                    EXPECT_EQ(s.system, ESystem::GLONASS);
+                }
+                if (s.status == 0) {
+                    ++used;
+                    EXPECT_GE(s.elevation, 15.0) << s.usi;
+                }
+                if (minute > 0 && !before.contains(s.usi)) {
+                    ++risen;
+                    EXPECT_EQ(s.mark, 1) << s.usi;
+                    EXPECT_LT(s.tracked, 60) << s.usi;
+                }
+            }
+            for (const auto& [usi, s] : before)
+                if (!byUsi.contains(usi)) {
+                    ++set;
+                    EXPECT_EQ(s.mark, 5) << usi;
+                }
+            EXPECT_EQ(systems.size(), 7u);
+            EXPECT_EQ(scintillating, 1);
+            EXPECT_EQ(unknownSlot, 1);
+            EXPECT_GT(used, 0);
+            EXPECT_LT(used, static_cast<int>(now.size()));
+            before = std::move(byUsi);
+        }
+        EXPECT_GT(risen, 0);
+        EXPECT_GT(set, 0);
+    }
+}
+
+// A hidden satellite is gone from the sky; the others are as they were.
+TEST(SkyTest, HiddenSatelliteLeavesTheRest) {
+    const GpsTime t = GpsTime::FromUtc(QDateTime::currentDateTimeUtc());
+    CSky all(t);
+    CSky hiding(t);
+    const auto full = all.At(t, 5, {});
+    const auto hidden = std::find_if(full.begin(), full.end(), [](const SkySatellite& s) {
+        return s.slotKnown && !s.scintillation;
+    });
+    ASSERT_NE(hidden, full.end());
+    const auto rest = hiding.At(t, 5, {hidden->usi});
+    ASSERT_EQ(rest.size(), full.size() - 1);
+    for (std::size_t i = 0, j = 0; i < full.size(); ++i) {
+        if (full[i].usi == hidden->usi)
+            continue;
+        EXPECT_EQ(rest[j].usi, full[i].usi);
+        EXPECT_EQ(rest[j].elevation, full[i].elevation);
+        ++j;
+    }
+}
+
+// Every sentence of an epoch is within NMEA's length (ours within 120) with a good checksum,
+// and the decoder drops none of them.
+TEST(SkyTest, SentencesAreWellFormed) {
+    const QDateTime utc = QDateTime::currentDateTimeUtc();
+    CSky sky(GpsTime::FromUtc(utc));
+    const QByteArray epoch = rxsim::NmeaEpoch(sky.At(GpsTime::FromUtc(utc), 5, {}), utc,
+                                              sky.Observer(), rxsim::kNmeaSets);
+    const QList<QByteArray> lines = epoch.trimmed().split('\n');
+    for (QByteArray line : lines) {
+        line = line.trimmed();
+        const qsizetype star = line.lastIndexOf('*');
+        ASSERT_GT(star, 0) << line.constData();
+        EXPECT_LE(line.size(), line.startsWith("$PPELSAT") ? 120 : 82) << line.constData();
+        unsigned char sum = 0;
+        for (const char c : line.mid(1, star - 1))
+            sum ^= static_cast<unsigned char>(c);
+        EXPECT_EQ(line.mid(star + 1).toUInt(nullptr, 16), sum) << line.constData();
+    }
+    rxio::CNmeaDecoder decoder;
+    decoder.Feed(epoch);
+    EXPECT_EQ(decoder.Dropped(), 0u);
+}
+
+struct Recorder final : rxio::ISatListListener, rxio::IPositionListener {
+    struct Epoch {
+        std::vector<SatelliteInfo> sky;
+        Position position;
+    };
+    void OnSatellites(const std::vector<SatelliteInfo>& sky) override { pending = sky; }
+    void OnPosition(const Position& position) override {
+        epochs.push_back({std::exchange(pending, {}), position});
+    }
+    std::vector<SatelliteInfo> pending;
+    std::vector<Epoch> epochs;
+};
+
+class SkyStream : public testing::TestWithParam<LinkedSimulator::ELink> {};
+
+// The controller asks for the five sets as the library does; what it decodes over each link is
+// the simulator's sky: where the almanacs it answers put every satellite, from the observer's
+// position, with a fix; `dm` stops the stream.
+TEST_P(SkyStream, DecodesTheSkyOfTheAlmanacs) {
+    LinkedSimulator bench(GetParam());
+    auto recorder = std::make_shared<Recorder>();
+    bench.connection->RegisterSatListListener(recorder);
+    bench.connection->RegisterPositionListener(recorder);
+
+    rxio::CAlmanacStorage store;
+    store.Set(bench.simulator.Sky().Almanacs());
+
+    QStringList enable;
+    QStringList disable;
+    for (const QString& set : rxsim::kNmeaSets) {
+        enable << QStringLiteral("em,/cur/term,") + set;
+        disable << QStringLiteral("dm,/cur/term,") + set;
+    }
+    EXPECT_FALSE(Exec(*bench.connection, enable.join(QLatin1Char(';'))).error);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return recorder->epochs.size() >= 2; }, 5000));
+    // Epochs sent before the answer have come with it.
+    EXPECT_FALSE(Exec(*bench.connection, disable.join(QLatin1Char(';'))).error);
+    const std::size_t stopped = recorder->epochs.size();
+
+    const vex::POS_GEO observer = bench.simulator.Sky().Observer();
+    for (const Recorder::Epoch& epoch : recorder->epochs) {
+        ASSERT_TRUE(epoch.position.utc.isValid());
+        EXPECT_NE(epoch.position.solution, rxio::ESolutionType::None);
+        EXPECT_NEAR(epoch.position.geo.lat, observer.lat, 1e-7);
+        EXPECT_NEAR(epoch.position.geo.lon, observer.lon, 1e-7);
+        EXPECT_NEAR(epoch.position.geo.height, observer.height, 1e-3);
+        const GpsTime t = GpsTime::FromUtc(epoch.position.utc);
+        int predicted = 0;
+        for (const auto& s : epoch.sky) {
+            const auto expected = store.CalculateAZ_EL(s.USI, t, observer);
+            if (!expected)
+                continue;
+            ++predicted;
+            EXPECT_NEAR(s.Elevation, expected->elevation / kDeg, 1.0) << int(s.USI);
+            const double azimuth = std::remainder(s.Azimuth - expected->azimuth / kDeg, 360.0);
+            EXPECT_NEAR(azimuth, 0.0, 1.0) << int(s.USI);
+        }
+        EXPECT_GT(predicted, 20);
+    }
+    QTest::qWait(1100);
+    EXPECT_EQ(recorder->epochs.size(), stopped);
+}
+
+INSTANTIATE_TEST_SUITE_P(Links, SkyStream,
+                         testing::Values(LinkedSimulator::InProcess, LinkedSimulator::Tcp,
+                                         LinkedSimulator::Pty),
+                         LinkName);
+
+} // namespace
