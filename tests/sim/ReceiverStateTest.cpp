@@ -30,6 +30,7 @@ struct Exchange {
 TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
     const Exchange script[] = {
         {"print,pos/elm", false, "10"}, // profile value
+        {"print,alm", false, "{}"},     // no almanacs given
         {"print,par/pos/elm&def", false, "5"},
         {"set,pos/elm,-15", false, ""},
         {"print,pos/elm", false, "-15"},

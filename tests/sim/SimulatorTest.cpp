@@ -45,10 +45,13 @@ TEST(SimulatorConnections, EachStartsClean) {
         const char* left;
         int latencyMs;
         QByteArray bytes;
+        int settleMs; // long enough for what was left to show
     } cases[] = {
-        {"half a line", 0, "%1%print,pos"},
-        {"a pass-through", 0, "%1%set,cur/term/echo,/dev/ser/a\r\n%2%set,cur/term/imode,echo\r\n+"},
-        {"a delayed answer", 40, "%1%print,pos/elm\r\n"},
+        {"half a line", 0, "%1%print,pos", 20},
+        {"a pass-through", 0, "%1%set,cur/term/echo,/dev/ser/a\r\n%2%set,cur/term/imode,echo\r\n+",
+         20},
+        {"a delayed answer", 40, "%1%print,pos/elm\r\n", 60},
+        {"a stream", 0, "em,/cur/term,nmea/GGA\r\n", 1100},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.left);
@@ -61,7 +64,7 @@ TEST(SimulatorConnections, EachStartsClean) {
         }
         Controller next(simulator);
         next.end->write("%8%print,pos/elm\r\n%9%print,cur/term/imode\r\n");
-        EXPECT_EQ(next.Frames(2, c.latencyMs + 20),
+        EXPECT_EQ(next.Frames(2, c.settleMs),
                   (QList<QByteArray>{"RE000005%8%10", "RE000006%9%cmd"}));
     }
 }
