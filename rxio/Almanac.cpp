@@ -414,6 +414,73 @@ AzEl AzimuthElevation(const Almanac& almanac, GpsTime t, const vex::POS_GEO& obs
     return {azimuth, std::atan2(up, std::hypot(east, north))};
 }
 
+std::vector<Almanac> ParseAlmanacRecord(QStringView reply) {
+    const QByteArray bytes = reply.toUtf8();
+    std::string_view text = Trim(std::string_view(bytes.constData(), std::size_t(bytes.size())));
+    CheckSize(text);
+    if (text.size() < 2 || text.front() != '{' || text.back() != '}')
+        throw CAlmanacError("almanac record: not a record");
+    text = Trim(text.substr(1, text.size() - 2));
+    std::vector<Almanac> out;
+    std::set<int> seen;
+    // Members are counted from 1 in place of the lines of a file.
+    for (int member = 1; !text.empty(); ++member) {
+        const auto fail = [member](const std::string& why) {
+            throw CAlmanacError("almanac record, member " + std::to_string(member) + ": " + why);
+        };
+        const auto equals = text.find('=');
+        const auto open = text.find('{');
+        const auto close = text.find('}');
+        if (equals == std::string_view::npos || open != equals + 1 ||
+            close == std::string_view::npos || close < open)
+            fail("not USI={values}");
+        const auto usi = ToInt(Trim(text.substr(0, equals)));
+        if (!usi || *usi < 1 || *usi > 254)
+            fail("not a satellite identifier: \"" +
+                 std::string(text.substr(0, std::min<std::size_t>(equals, 40))) + "\"");
+        std::vector<std::string_view> values;
+        for (std::string_view rest = text.substr(open + 1, close - open - 1);;) {
+            const auto comma = rest.find(',');
+            values.push_back(Trim(rest.substr(0, comma)));
+            if (comma == std::string_view::npos)
+                break;
+            rest.remove_prefix(comma + 1);
+        }
+        if (values.size() != 12)
+            fail("twelve values expected, " + std::to_string(values.size()) + " given");
+        Almanac a;
+        a.usi = static_cast<int>(*usi);
+        try {
+            a.week = static_cast<int>(Integer(values[0], member, "week", 0, 9999));
+            a.toa = Number(values[1], member, "time of applicability");
+            a.eccentricity = Number(values[2], member, "eccentricity");
+            a.inclination = Number(values[3], member, "inclination");
+            a.rateOfRightAscension = Number(values[4], member, "rate of right ascension");
+            a.sqrtA = Number(values[5], member, "square root of the semi-major axis");
+            a.rightAscension = Number(values[6], member, "right ascension");
+            a.argumentOfPerigee = Number(values[7], member, "argument of perigee");
+            a.meanAnomaly = Number(values[8], member, "mean anomaly");
+            a.af0 = Number(values[9], member, "af0");
+            a.af1 = Number(values[10], member, "af1");
+            a.health = static_cast<unsigned>(Integer(values[11], member, "health", 0, 255));
+            Add(out, seen, a, member);
+        } catch (const CAlmanacError& e) {
+            // The file helpers name a line; here the place is the member.
+            const std::string what = e.what();
+            fail(what.substr(what.find(": ") + 2));
+        }
+        text = Trim(text.substr(close + 1));
+        if (!text.empty()) {
+            if (text.front() != ',')
+                fail("members must be separated by commas");
+            text = Trim(text.substr(1));
+            if (text.empty())
+                fail("a comma ends the record");
+        }
+    }
+    return out;
+}
+
 void CAlmanacStorage::Set(const Almanac& almanac) {
     Validate(almanac);
     m_almanacs[almanac.usi] = almanac;

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringView>
 #include <map>
 #include <optional>
 #include <stdexcept>
@@ -102,6 +103,11 @@ inline constexpr qint64 kMaxAlmanacFileSize = 1 << 20;
 // is. Throw CAlmanacError on any fault.
 RXIO_EXPORT std::vector<Almanac> ParseYuma(std::string_view text, int referenceWeek);
 RXIO_EXPORT std::vector<Almanac> ParseSem(std::string_view text, int referenceWeek);
+
+// The receiver's almanacs as `print,alm` answers them (docs/commands.md): a record of
+// USI={week,toa,e,i,rate,sqrtA,right ascension,perigee,mean anomaly,af0,af1,health}, full weeks,
+// GPS time. Throws CAlmanacError on any fault, naming the member.
+RXIO_EXPORT std::vector<Almanac> ParseAlmanacRecord(QStringView reply);
 
 // Throws CAlmanacError when a value is out of the range any Keplerian navigation orbit has.
 RXIO_EXPORT void Validate(const Almanac& almanac);

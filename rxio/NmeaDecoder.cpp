@@ -319,8 +319,15 @@ void CNmeaDecoder::Decode(QByteArrayView sentence) {
         start = comma + 1;
     }
     const QByteArrayView address = m_fields[0];
+    if (address == "PPELSAT") {
+        if (DecodePelsat(m_fields))
+            ++m_decoded;
+        else
+            ++m_dropped;
+        return;
+    }
     if (address.size() != 5 || address[0] == 'P')
-        return; // proprietary or unknown: not ours to judge
+        return; // another maker's or unknown: not ours to judge
     const QByteArrayView talker = address.first(2);
     const QByteArrayView type = address.sliced(2);
     bool ok = true;
@@ -351,18 +358,19 @@ void CNmeaDecoder::Reset() {
     m_sky.clear();
     m_used.clear();
     m_groups.clear();
+    m_gsaLeading.clear();
 }
 
-CNmeaDecoder::SatelliteInfo& CNmeaDecoder::SatelliteFor(std::uint16_t key) {
+CNmeaDecoder::Satellite& CNmeaDecoder::SatelliteFor(std::uint16_t key) {
     for (Satellite& s : m_sky)
         if (s.key == key)
-            return s.info;
-    Satellite& added = m_sky.emplace_back(Satellite{key, {}});
+            return s;
+    Satellite& added = m_sky.emplace_back(Satellite{key, {}, {}, {}});
     const auto constellation = static_cast<Sat::EConstellation>(key >> 8);
     added.info.USI = Usi(constellation, key & 0xFF);
     if (constellation == Sat::GLONASS)
         added.info.NN = static_cast<std::uint8_t>(key & 0xFF);
-    return added.info;
+    return added;
 }
 
 bool CNmeaDecoder::DecodeGsv(QByteArrayView talker, const Fields& f) {
@@ -407,7 +415,7 @@ bool CNmeaDecoder::DecodeGsv(QByteArrayView talker, const Fields& f) {
         const std::optional<std::uint16_t> key = Resolve(numbering, *sv);
         if (!key)
             continue;
-        SatelliteInfo& satellite = SatelliteFor(*key);
+        SatelliteInfo& satellite = SatelliteFor(*key).info;
         if (elevation)
             satellite.Elevation =
                 static_cast<std::int8_t>(f[i + 1].startsWith('-') ? -*elevation : *elevation);
@@ -438,6 +446,14 @@ bool CNmeaDecoder::DecodeGsa(QByteArrayView talker, const Fields& f) {
     const std::optional<int> fix = Int(f[2]);
     if (fix && *fix < 0)
         return false;
+    // Without times, a system's GSA seen again after the GSV groups starts the next epoch (a
+    // stream that sends GSA first); one after the groups alone still belongs to this epoch.
+    const int system = static_cast<int>(numbering);
+    const bool leading = std::ranges::find(m_gsaLeading, system) != m_gsaLeading.end();
+    if (!m_timed && leading && !m_groups.empty())
+        EndEpoch();
+    if (m_groups.empty() && !leading)
+        m_gsaLeading.push_back(system);
     for (qsizetype i = 3; i < 3 + svs; ++i) {
         const std::optional<int> sv = Int(f[i]);
         if (sv && *sv < 0)
@@ -448,6 +464,81 @@ bool CNmeaDecoder::DecodeGsa(QByteArrayView talker, const Fields& f) {
             if (std::ranges::find(m_used, *key) == m_used.end())
                 m_used.push_back(*key);
     }
+    return true;
+}
+
+bool CNmeaDecoder::DecodePelsat(const Fields& f) {
+    // PPELSAT,usi,slot,status,tracked,scintillation,mark,elevation,azimuth[,signal slot,snr]...
+    if (f.size() < 9 || (f.size() - 9) % 2 != 0)
+        return false;
+    const std::optional<int> usi = Int(f[1]);
+    const std::optional<int> slot = Int(f[2]);
+    const std::optional<int> status = Int(f[3]);
+    const std::optional<int> tracked = Int(f[4]);
+    const std::optional<int> scintillation = Int(f[5]);
+    const std::optional<int> mark = Int(f[6]);
+    const bool below = f[7].startsWith('-');
+    const std::optional<int> elevation = Int(below ? f[7].sliced(1) : f[7]);
+    const std::optional<int> azimuth = Int(f[8]);
+    const auto within = [](const std::optional<int>& v, int low, int high) {
+        return !v || (*v >= low && *v <= high);
+    };
+    if (!usi || !within(usi, 1, 254) || !within(status, 0, 254) || !within(tracked, 0, 0xFFFF) ||
+        !within(scintillation, 0, 1) || !within(mark, 0, 255) || !within(elevation, 0, 90) ||
+        !within(azimuth, 0, 360) || (below && !elevation))
+        return false;
+    const bool glonass = *usi >= 38 && *usi <= 70;
+    if (slot && !(glonass && *slot >= 1 && *slot <= 32))
+        return false;
+    std::vector<std::pair<int, std::uint8_t>> strengths;
+    for (std::size_t i = 9; i < f.size(); i += 2) {
+        const std::optional<int> signal = Int(f[i]);
+        const std::optional<int> snr = Int(f[i + 1]);
+        if (!signal || !snr || !within(signal, 0, 7) || !within(snr, 0, 99))
+            return false;
+        strengths.emplace_back(*signal, static_cast<std::uint8_t>(*snr));
+    }
+    // The satellite of the GSV sentences with the same identity; GLONASS by its slot, or, while
+    // the receiver does not know the slot, by the channel alone (numbers above any slot).
+    const auto [constellation, number] = [&]() -> std::pair<Sat::EConstellation, int> {
+        const int n = *usi;
+        if (n <= 37)
+            return {Sat::GPS, n};
+        if (glonass)
+            return {Sat::GLONASS, slot ? *slot : 128 + n - 38};
+        if (n >= 71 && n <= 106)
+            return {Sat::Galileo, n - 70};
+        if (n >= 120 && n <= 158)
+            return {Sat::SBAS, n};
+        if (n >= 176 && n <= 182)
+            return {Sat::IRNSS, n - 175};
+        if (n >= 183 && n <= 192)
+            return {Sat::SAIF, n};
+        if (n >= 193 && n <= 202)
+            return {Sat::QZSS, n - 192};
+        if (n >= 203 && n <= 239)
+            return {Sat::BeiDou, n - 202};
+        return {Sat::Reserved, n};
+    }();
+    Satellite& satellite = SatelliteFor(Key(constellation, number));
+    SatelliteInfo& info = satellite.info;
+    info.USI = static_cast<std::uint8_t>(*usi);
+    if (glonass)
+        info.NN = static_cast<std::uint8_t>(slot.value_or(255));
+    if (status)
+        satellite.status = static_cast<std::uint8_t>(*status);
+    if (tracked)
+        satellite.tracked = static_cast<std::uint16_t>(*tracked);
+    if (scintillation)
+        info.Scintillation = static_cast<std::uint8_t>(*scintillation);
+    if (mark)
+        info.ElevationMark = static_cast<std::uint32_t>(*mark);
+    if (elevation)
+        info.Elevation = static_cast<std::int8_t>(below ? -*elevation : *elevation);
+    if (azimuth)
+        info.Azimuth = static_cast<std::uint16_t>(*azimuth);
+    for (const auto& [signal, snr] : strengths)
+        info.SNR[signal] = snr;
     return true;
 }
 
@@ -579,10 +670,10 @@ void CNmeaDecoder::EndEpoch() {
             const auto earlier = std::ranges::find(m_firstSeen, s.key, &FirstSeen::key);
             const std::int64_t since = earlier == m_firstSeen.end() ? now : earlier->ms;
             firstSeen.push_back({s.key, since});
-            s.info.TC = static_cast<std::uint16_t>(
-                std::clamp<std::int64_t>((now - since) / 1000, 0, 0xFFFF));
-            s.info.SS =
-                std::ranges::find(m_used, s.key) != m_used.end() ? kStatusUsed : kStatusTracked;
+            s.info.TC = s.tracked.value_or(static_cast<std::uint16_t>(
+                std::clamp<std::int64_t>((now - since) / 1000, 0, 0xFFFF)));
+            s.info.SS = s.status.value_or(
+                std::ranges::find(m_used, s.key) != m_used.end() ? kStatusUsed : kStatusTracked);
             sky.push_back(std::move(s.info));
         }
         m_firstSeen = std::move(firstSeen);
@@ -591,11 +682,9 @@ void CNmeaDecoder::EndEpoch() {
             onSky(sky);
     }
     if (m_hasPosition) {
+        // A leap second (23:59:60) is the next day's first moment, as UTC clocks show it.
         m_position.utc = m_timed && m_date.isValid()
-                             ? QDateTime(m_date,
-                                         QTime::fromMSecsSinceStartOfDay(
-                                             static_cast<int>(m_epochMs % 86'400'000)),
-                                         Qt::UTC)
+                             ? QDateTime(m_date, QTime(0, 0), Qt::UTC).addMSecs(m_epochMs)
                              : QDateTime();
         const Position position = std::exchange(m_position, {});
         m_hasPosition = false;
@@ -604,6 +693,7 @@ void CNmeaDecoder::EndEpoch() {
     }
     m_used.clear();
     m_groups.clear();
+    m_gsaLeading.clear();
     m_ggaInEpoch = false;
 }
 

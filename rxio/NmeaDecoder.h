@@ -7,6 +7,7 @@
 #include <QByteArrayView>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace rxio {
@@ -46,6 +47,9 @@ private:
     struct Satellite {
         std::uint16_t key; // constellation << 8 | number within it
         SatelliteInfo info;
+        // What a $PPELSAT said, which wins over what the decoder derives.
+        std::optional<std::uint8_t> status;
+        std::optional<std::uint16_t> tracked;
     };
     struct FirstSeen {
         std::uint16_t key;
@@ -57,10 +61,11 @@ private:
     bool DecodeGsa(QByteArrayView talker, const Fields& f);
     bool DecodeGga(const Fields& f);
     bool DecodeRmc(const Fields& f);
+    bool DecodePelsat(const Fields& f);
     // Starts a new epoch when `time` (hhmmss.ss) is not the current one; false when malformed.
     bool AtTime(QByteArrayView time);
     void EndEpoch();
-    SatelliteInfo& SatelliteFor(std::uint16_t key);
+    Satellite& SatelliteFor(std::uint16_t key);
 
     QByteArray m_line;
     bool m_inSentence = false;
@@ -70,6 +75,8 @@ private:
     std::vector<Satellite> m_sky;
     std::vector<std::uint16_t> m_used;
     std::vector<std::uint16_t> m_groups; // talker and signal of the GSV groups of this epoch
+    // Systems whose GSA came before this epoch's first GSV (an untimed stream's epoch order).
+    std::vector<int> m_gsaLeading;
     std::vector<FirstSeen> m_firstSeen;
     Position m_position;
     bool m_hasPosition = false;

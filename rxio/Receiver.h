@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rxio/Almanac.h"
 #include "rxio/Listeners.h"
 #include "rxio/rxio_export.h"
 
@@ -93,6 +94,10 @@ public:
     // Live data, held weakly like notices: a listener that is gone is simply not told.
     virtual void RegisterSatListListener(const std::shared_ptr<ISatListListener>& listener) = 0;
     virtual void RegisterPositionListener(const std::shared_ptr<IPositionListener>& listener) = 0;
+
+    // The almanacs the sky plot predicts from: filled from the receiver
+    // (CReceiverConnection::ReadAlmanacs) or from a file; empty until then.
+    virtual CAlmanacStorage& Almanacs() = 0;
 
     virtual IPort& Port() = 0;
     // While suspended, every byte from the receiver goes to Port() untouched.

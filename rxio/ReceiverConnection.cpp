@@ -246,6 +246,36 @@ void CReceiverConnection::Identify(int timeoutMs) {
     }
 }
 
+void CReceiverConnection::ReadAlmanacs(int timeoutMs,
+                                       std::function<void(const QString& error)> done) {
+    RequireOwnerThread("ReadAlmanacs");
+    QPointer<CReceiverConnection> self(this);
+    StartCommand(QStringLiteral("print,alm"), timeoutMs,
+                 [self, done = std::move(done)](const CommandResult& result) {
+                     if (!self)
+                         return;
+                     QString error;
+                     if (result.status == CommandResult::TimedOut)
+                         error = QStringLiteral("The receiver did not answer.");
+                     else if (result.status != CommandResult::Completed)
+                         error = QStringLiteral("The connection to the receiver is closed.");
+                     else if (result.error)
+                         error = result.reply;
+                     else
+                         try {
+                             self->m_almanacs.Set(ParseAlmanacRecord(result.reply));
+                         } catch (const CAlmanacError& e) {
+                             error = QString::fromStdString(e.what());
+                         }
+                     done(error);
+                 });
+}
+
+CAlmanacStorage& CReceiverConnection::Almanacs() {
+    RequireOwnerThread("Almanacs");
+    return m_almanacs;
+}
+
 void CReceiverConnection::Disconnect() {
     RequireOwnerThread("Disconnect");
     if (!m_connected)

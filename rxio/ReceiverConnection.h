@@ -32,6 +32,7 @@ public:
     void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) override;
     void RegisterSatListListener(const std::shared_ptr<ISatListListener>& listener) override;
     void RegisterPositionListener(const std::shared_ptr<IPositionListener>& listener) override;
+    CAlmanacStorage& Almanacs() override;
     IPort& Port() override;
     void SuspendPort() override;
     void ResumePort() override;
@@ -39,6 +40,10 @@ public:
 
     // Reads the receiver's identity; `identified` follows (also when some parts are missing).
     void Identify(int timeoutMs = 3000);
+    // Asks the receiver for its almanacs ("print,alm") and puts them into Almanacs(). `done`
+    // gets an empty text, or why nothing was taken (no answer, an error reply, almanacs the store
+    // refuses); the store then keeps what it held.
+    void ReadAlmanacs(int timeoutMs, std::function<void(const QString& error)> done);
     // Closes the link on purpose: pending commands end as disconnected (later, from the event
     // loop, as every completion), no notice is raised.
     void Disconnect();
@@ -102,6 +107,7 @@ private:
     std::vector<std::weak_ptr<ISatListListener>> m_satListeners;
     std::vector<std::weak_ptr<IPositionListener>> m_positionListeners;
     ReceiverIdentity m_identity;
+    CAlmanacStorage m_almanacs;
     std::uint64_t m_unmatched = 0;
     int m_callingOut = 0;
 };

@@ -3,21 +3,21 @@
 #include "rxio/Almanac.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <numbers>
 #include <string_view>
 
-// What every almanac a parser accepts must give: values in range, and a finite direction from
-// anywhere a day either side of its epoch.
-inline void CheckAccepted(std::vector<rxio::Almanac> (*parse)(std::string_view, int),
-                          std::string_view text) {
+// What every almanac a parser accepts must give: a count within what the input can hold, values
+// in range, and a finite direction from anywhere a day either side of its epoch.
+template <typename Parse> void CheckAccepted(Parse parse, std::size_t least, std::size_t most) {
     std::vector<rxio::Almanac> almanacs;
     try {
-        almanacs = parse(text, 2086);
+        almanacs = parse();
     } catch (const rxio::CAlmanacError&) {
         return;
     }
-    if (almanacs.empty() || almanacs.size() > 42)
+    if (almanacs.size() < least || almanacs.size() > most)
         std::abort();
     for (const rxio::Almanac& a : almanacs) {
         rxio::Validate(a);

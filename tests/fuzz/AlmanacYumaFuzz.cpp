@@ -5,6 +5,7 @@
 #include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    CheckAccepted(rxio::ParseYuma, {reinterpret_cast<const char*>(data), size});
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    CheckAccepted([text] { return rxio::ParseYuma(text, 2086); }, 1, 42);
     return 0;
 }

@@ -22,7 +22,8 @@ Run Decode(const QByteArray& stream, qsizetype chunk) {
         run.lastHasSatelliteFive = false;
         for (const auto& s : sky) {
             if ((s.Elevation != 127 && (s.Elevation < -90 || s.Elevation > 90)) ||
-                (s.Azimuth != 0xFFFF && s.Azimuth > 360) || s.USI == 0 || s.USI >= 240)
+                (s.Azimuth != 0xFFFF && s.Azimuth > 360) || s.USI == 0 || s.USI == 255 ||
+                s.Scintillation > 1 || (s.NN != 255 && (s.NN < 1 || s.NN > 32)))
                 std::abort();
             for (const auto& [slot, snr] : s.SNR)
                 if (slot < 0 || slot > 7 || snr > 99)

@@ -30,6 +30,7 @@ public:
     void RegisterNotice(const std::shared_ptr<rxio::INotice>&, rxio::ENotification) override {}
     void RegisterSatListListener(const std::shared_ptr<rxio::ISatListListener>&) override {}
     void RegisterPositionListener(const std::shared_ptr<rxio::IPositionListener>&) override {}
+    rxio::CAlmanacStorage& Almanacs() override { std::abort(); }
     rxio::IPort& Port() override { std::abort(); }
     void SuspendPort() override {}
     void ResumePort() override {}

@@ -225,4 +225,53 @@ TEST(AlmanacTest, BrokenInputIsRefusedWhole) {
     EXPECT_EQ(store.Find(rxio::usi::Galileo(1))->inclination, before.inclination);
 }
 
+// The receiver's record: what it says is what the store gets, to the last digit; anything else is
+// refused with the member and the reason.
+TEST(AlmanacTest, TheReceiversRecordReadsWholeOrNotAtAll) {
+    CAlmanacStorage file;
+    file.LoadFile(DataFile("maast_alm01jan2020.yuma.txt"), 2090);
+    const rxio::Almanac a = *file.Find(5);
+    const QString values = QString::asprintf(
+        "%d,%.17g,%.17g,%.17g,%.17g,%.17g,%.17g,%.17g,%.17g,%.17g,%.17g,%u", a.week, a.toa,
+        a.eccentricity, a.inclination, a.rateOfRightAscension, a.sqrtA, a.rightAscension,
+        a.argumentOfPerigee, a.meanAnomaly, a.af0, a.af1, a.health);
+    const QString good = QStringLiteral(" {5={%1}, 71={%1}} ").arg(values);
+    const std::vector<rxio::Almanac> read = rxio::ParseAlmanacRecord(good);
+    ASSERT_EQ(read.size(), 2u);
+    EXPECT_EQ(read[1].usi, rxio::usi::Galileo(1));
+    const rxio::GpsTime t = a.Epoch();
+    EXPECT_EQ(rxio::AzimuthElevation(read[0], t, {0.8, 0.2, 100}).azimuth,
+              rxio::AzimuthElevation(a, t, {0.8, 0.2, 100}).azimuth);
+    EXPECT_TRUE(rxio::ParseAlmanacRecord(QStringLiteral("{}")).empty());
+
+    const struct {
+        QString reply;
+        const char* reason;
+    } broken[] = {
+        {QStringLiteral("5={%1}").arg(values), "not a record"},
+        {QStringLiteral("{5={%1},}").arg(values), "a comma ends the record"},
+        {QStringLiteral("{5={%1};6={%1}}").arg(values), "member 1: members must be separated"},
+        {QStringLiteral("{5={%1},5={%1}}").arg(values), "member 2: satellite 5 appears twice"},
+        {QStringLiteral("{40={%1}}").arg(values), "member 1: satellite 40"},
+        {QStringLiteral("{x={%1}}").arg(values), "not a satellite identifier"},
+        {QStringLiteral("{5={1,2}}"), "twelve values expected, 2 given"},
+        {QStringLiteral("{5=%1}").arg(values), "not USI={values}"},
+        {QStringLiteral("{5={%1}}")
+             .arg(values)
+             .replace(QLatin1String("2086,"), QLatin1String("2086.5,")),
+         "week must be a whole number"},
+        {QStringLiteral("{5={%1}}").arg(values).replace(QLatin1String(",0}"), QLatin1String(",x}")),
+         "health must be a whole number"},
+    };
+    for (const auto& c : broken) {
+        SCOPED_TRACE(c.reply.left(40).toStdString());
+        try {
+            rxio::ParseAlmanacRecord(c.reply);
+            ADD_FAILURE() << "accepted";
+        } catch (const rxio::CAlmanacError& e) {
+            EXPECT_NE(std::string(e.what()).find(c.reason), std::string::npos) << e.what();
+        }
+    }
+}
+
 } // namespace

@@ -114,10 +114,11 @@ TEST(NmeaDecoderTest, EpochsCarryPositionSolutionTimeAndTrackingTime) {
             WithSum(QByteArray("GNGGA,") + t +
                     ",4552.65403,S,17030.00668,E,4,12,0.64,14.2,M,1.8,M,,") +
             WithSum("GPGSV,1,1,01,10,24,284,34");
-    stream += WithSum("GNRMC,000002.00,V,,,,,,,010120,,,N,V");
+    stream += WithSum("GNRMC,000002.00,V,,,,,,,010120,,,N,V") +
+              WithSum("GNRMC,235960.00,V,,,,,,,311216,,,N,V");
     CNmeaDecoder decoder;
     const Decoded d = DecodeAll(stream, decoder);
-    ASSERT_EQ(d.positions.size(), 4u);
+    ASSERT_EQ(d.positions.size(), 5u);
     ASSERT_EQ(d.skies.size(), 3u);
     EXPECT_EQ(d.skies[2][0].TC, 2);
     const CNmeaDecoder::Position& fix = d.positions[1];
@@ -129,6 +130,78 @@ TEST(NmeaDecoderTest, EpochsCarryPositionSolutionTimeAndTrackingTime) {
     EXPECT_EQ(fix.utc, QDateTime(QDate(2019, 12, 31), QTime(0, 0), Qt::UTC));
     EXPECT_EQ(d.positions[3].solution, rxio::ESolutionType::None);
     EXPECT_EQ(d.positions[3].utc, QDateTime(QDate(2020, 1, 1), QTime(0, 0, 2), Qt::UTC));
+    // A leap second is shown as the next day's first moment, not as the same day's.
+    EXPECT_EQ(d.positions[4].utc, QDateTime(QDate(2017, 1, 1), QTime(0, 0), Qt::UTC));
+}
+
+// Our sentence over the GSV satellites: identity, what wins, and what is refused.
+TEST(NmeaDecoderTest, OurSentenceSaysWhatNmeaCannot) {
+    const QByteArray gsv = WithSum("GPGSV,1,1,01,07,40,100,45") +
+                           WithSum("GLGSV,1,1,01,65,10,010,30") +
+                           WithSum("GPGSA,A,3,07,,,,,,,,,,,,1.0,1.0,1.0");
+    const QByteArray gga =
+        WithSum("GPGGA,120000.00,4800.000,N,01100.000,E,1,05,1.0,500.0,M,47.0,M,,");
+    const struct {
+        const char* what;
+        QByteArray stream;
+        const char* sky; // USI/NN:el/az:snr:SS:TC:scintillation:mark
+        std::uint64_t dropped;
+    } cases[] = {
+        {"merged by identity, GLONASS by slot and by channel alone",
+         gsv + WithSum("PPELSAT,7,,6,1834,1,5,,,4,44") + WithSum("PPELSAT,39,1,0,20,0,1,,,3,28") +
+             WithSum("PPELSAT,40,,6,,0,0,,,0,38,3,33") + WithSum("PPELSAT,71,,0,5,0,0,-2,359") +
+             gga,
+         "7/255:40/100:0=45,4=44:6:1834:1:5 39/1:10/10:0=30,3=28:0:20:0:1 "
+         "40/255:127/65535:0=38,3=33:6:0:0:0 71/255:-2/359::0:5:0:0",
+         0},
+        {"out of range or malformed, each dropped whole",
+         gsv + WithSum("PPELSAT,0,,0,0,0,0,,") + WithSum("PPELSAT,255,,0,0,0,0,,") +
+             WithSum("PPELSAT,7,3,0,0,0,0,,") + WithSum("PPELSAT,7,,0,0,0,0,,,0") +
+             WithSum("PPELSAT,7,,0,0,0,0,91,") + WithSum("PPELSAT,7,,0,0,0,0,,,8,40") +
+             WithSum("PPELSAT,7,,0,0,0,0,,,0,100") + WithSum("PPELSAT,7,,255,0,0,0,,") +
+             WithSum("PPELSAT,7,,0,0,2,0,,") + WithSum("PPELSAT,7,,0,0,0,0,-,") +
+             WithSum("PPELSAT,39,33,0,0,0,0,,") + WithSum("PPELSAT,7,,0,0,0") + gga,
+         "7/255:40/100:0=45:0:0:0:0 46/1:10/10:0=30:6:0:0:0", 12},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        CNmeaDecoder decoder;
+        const Decoded d = DecodeAll(c.stream, decoder);
+        ASSERT_EQ(d.skies.size(), 1u);
+        QStringList got;
+        for (const Sat& s : d.skies[0]) {
+            QStringList snr;
+            for (const auto& [slot, value] : s.SNR)
+                snr << QStringLiteral("%1=%2").arg(slot).arg(value);
+            got << QStringLiteral("%1/%2:%3/%4:%5:%6:%7:%8:%9")
+                       .arg(s.USI)
+                       .arg(s.NN)
+                       .arg(s.Elevation)
+                       .arg(s.Azimuth)
+                       .arg(snr.join(QLatin1Char(',')))
+                       .arg(s.SS)
+                       .arg(s.TC)
+                       .arg(s.Scintillation)
+                       .arg(s.ElevationMark);
+        }
+        EXPECT_EQ(got.join(QLatin1Char(' ')).toStdString(), c.sky);
+        EXPECT_EQ(decoder.Dropped(), c.dropped);
+    }
+}
+
+// Without GGA and RMC an epoch is only known by its order: a GSA that leads the GSV groups
+// belongs to the epoch after them, one that follows them to the epoch before.
+TEST(NmeaDecoderTest, UntimedStreamsKeepTheirGsaWithTheirEpoch) {
+    const QByteArray sky = WithSum("GPGSV,1,1,02,05,40,100,45,06,30,200,38");
+    const QByteArray used5 = WithSum("GPGSA,A,3,05,,,,,,,,,,,,1.0,1.0,1.0");
+    const QByteArray used6 = WithSum("GPGSA,A,3,06,,,,,,,,,,,,1.0,1.0,1.0");
+    for (const QByteArray& stream : {used5 + sky + used6 + sky, sky + used5 + sky + used6}) {
+        CNmeaDecoder decoder;
+        const Decoded d = DecodeAll(stream, decoder);
+        ASSERT_EQ(d.skies.size(), 2u);
+        EXPECT_EQ(Describe(d.skies[0]).toStdString(), "5:40/100:0=45:0 6:30/200:0=38:6");
+        EXPECT_EQ(Describe(d.skies[1]).toStdString(), "5:40/100:0=45:6 6:30/200:0=38:0");
+    }
 }
 
 // The well-known decoder's satellite (gnssid, svid) and signal (gnssid, sigid) in our terms.
