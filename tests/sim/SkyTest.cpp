@@ -99,7 +99,7 @@ TEST(SkyTest, HiddenSatelliteLeavesTheRest) {
 }
 
 // Every sentence of an epoch is within NMEA's length (ours within 120) with a good checksum,
-// and the decoder drops none of them.
+// and the decoder takes every one.
 TEST(SkyTest, SentencesAreWellFormed) {
     const QDateTime utc = QDateTime::currentDateTimeUtc();
     CSky sky(GpsTime::FromUtc(utc));
@@ -118,6 +118,7 @@ TEST(SkyTest, SentencesAreWellFormed) {
     }
     rxio::CNmeaDecoder decoder;
     decoder.Feed(epoch);
+    EXPECT_EQ(decoder.Decoded(), static_cast<std::uint64_t>(lines.size()));
     EXPECT_EQ(decoder.Dropped(), 0u);
 }
 
@@ -136,17 +137,31 @@ struct Recorder final : rxio::ISatListListener, rxio::IPositionListener {
 
 class SkyStream : public testing::TestWithParam<LinkedSimulator::ELink> {};
 
-// The controller asks for the five sets as the library does; what it decodes over each link is
-// the simulator's sky: where the almanacs it answers put every satellite, from the observer's
-// position, with a fix; `dm` stops the stream.
-TEST_P(SkyStream, DecodesTheSkyOfTheAlmanacs) {
+// The controller reads the almanacs and asks for the five sets as the library does; what it
+// decodes over each link is the simulator's sky: every satellite where those almanacs put it,
+// one scintillating, one GLONASS without a slot, the hidden one nowhere, the observer's
+// position with a fix; `dm` stops the stream.
+TEST_P(SkyStream, DecodesTheSkyOfItsAlmanacs) {
     LinkedSimulator bench(GetParam());
     auto recorder = std::make_shared<Recorder>();
     bench.connection->RegisterSatListListener(recorder);
     bench.connection->RegisterPositionListener(recorder);
 
-    rxio::CAlmanacStorage store;
-    store.Set(bench.simulator.Sky().Almanacs());
+    // The highest satellite now stays in view through the test.
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    CSky probe(GpsTime::FromUtc(now));
+    const auto sky = probe.At(GpsTime::FromUtc(now), 10, {});
+    const int hidden = std::max_element(sky.begin(), sky.end(), [](const auto& a, const auto& b) {
+                           return a.elevation < b.elevation;
+                       })->usi;
+    bench.simulator.GetFaults().hiddenSatellites = {hidden};
+
+    QString almanacError = QStringLiteral("no answer yet");
+    bench.connection->ReadAlmanacs(2000, [&](const QString& error) { almanacError = error; });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return almanacError != QLatin1String("no answer yet"); }));
+    ASSERT_EQ(almanacError, QString());
+    const rxio::CAlmanacStorage& store = bench.connection->Almanacs();
+    EXPECT_GT(store.Satellites().size(), 80u);
 
     QStringList enable;
     QStringList disable;
@@ -169,7 +184,23 @@ TEST_P(SkyStream, DecodesTheSkyOfTheAlmanacs) {
         EXPECT_NEAR(epoch.position.geo.height, observer.height, 1e-3);
         const GpsTime t = GpsTime::FromUtc(epoch.position.utc);
         int predicted = 0;
+        int scintillating = 0;
+        int withoutSlot = 0;
+        std::set<int> usis;
+        std::set<int> statuses;
+        std::set<int> marks;
         for (const auto& s : epoch.sky) {
+            EXPECT_TRUE(usis.insert(s.USI).second) << int(s.USI);
+            EXPECT_FALSE(s.SNR.empty()) << int(s.USI);
+            statuses.insert(s.SS);
+            marks.insert(static_cast<int>(s.ElevationMark));
+            scintillating += s.Scintillation;
+            if (s.NN == 255 && s.USI >= 38 && s.USI <= 70) {
+                ++withoutSlot;
+                EXPECT_EQ(s.Elevation, 127);
+                continue;
+            }
+            EXPECT_GE(s.Elevation, 10) << int(s.USI);
             const auto expected = store.CalculateAZ_EL(s.USI, t, observer);
             if (!expected)
                 continue;
@@ -179,6 +210,11 @@ TEST_P(SkyStream, DecodesTheSkyOfTheAlmanacs) {
             EXPECT_NEAR(azimuth, 0.0, 1.0) << int(s.USI);
         }
         EXPECT_GT(predicted, 20);
+        EXPECT_EQ(scintillating, 1);
+        EXPECT_EQ(withoutSlot, 1);
+        EXPECT_EQ(statuses, (std::set<int>{0, 6}));
+        EXPECT_TRUE(marks.contains(1) && marks.contains(5));
+        EXPECT_FALSE(usis.contains(hidden));
     }
     QTest::qWait(1100);
     EXPECT_EQ(recorder->epochs.size(), stopped);
