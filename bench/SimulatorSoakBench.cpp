@@ -1,6 +1,8 @@
 // rxsim over a long session: a million commands through one connection, with the resident size
-// once the simulator's histories are full and again at the end.
+// once the simulator's histories are full and again at the end; and what one epoch of its sky
+// costs, a day of them in a row.
 #include "Model.h"
+#include "Nmea.h"
 #include "Simulator.h"
 #include "rxio/Pipe.h"
 
@@ -64,5 +66,20 @@ void SoakMillion(benchmark::State& state) {
 }
 
 BENCHMARK(SoakMillion)->Iterations(1)->Unit(benchmark::kSecond);
+
+void SkyEpoch(benchmark::State& state) {
+    const QDateTime start = QDateTime::currentDateTimeUtc();
+    rxsim::CSky sky(rxio::GpsTime::FromUtc(start));
+    qint64 second = 0;
+    qint64 bytes = 0;
+    for (auto _ : state) {
+        const QDateTime utc = start.addSecs(second++);
+        const auto satellites = sky.At(rxio::GpsTime::FromUtc(utc), 5, {});
+        bytes += rxsim::NmeaEpoch(satellites, utc, sky.Observer(), rxsim::kNmeaSets).size();
+    }
+    state.SetBytesProcessed(bytes);
+}
+
+BENCHMARK(SkyEpoch)->Iterations(86400)->Unit(benchmark::kMicrosecond);
 
 } // namespace
