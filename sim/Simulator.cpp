@@ -303,22 +303,29 @@ void CSimulator::StartPassThroughIfAsked() {
     m_imodeBeforeEcho = m_state->Execute(QStringLiteral("print,cur/term/imode&def"), ignored).text;
 }
 
-void CSimulator::UpdateStream() {
+QStringList CSimulator::StreamedSets() const {
     const auto& messages = m_state->Messages();
     const auto port = messages.find(QStringLiteral("cur/term"));
-    const bool streaming = port != messages.end() &&
-                           std::any_of(kNmeaSets.begin(), kNmeaSets.end(), [&](const QString& set) {
-                               return port->second.contains(set);
-                           });
-    if (!streaming)
+    QStringList sets;
+    if (port != messages.end())
+        for (const QString& set : kNmeaSets)
+            if (port->second.contains(set))
+                sets << set;
+    return sets;
+}
+
+void CSimulator::UpdateStream() {
+    if (StreamedSets().isEmpty())
         m_epochTimer->stop();
     else if (!m_epochTimer->isActive())
         m_epochTimer->start();
 }
 
 void CSimulator::SendEpoch() {
-    // A line still busy with the last epoch drops this one, as a receiver's full port does.
-    if (!m_device || !m_output.isEmpty())
+    // A pass-through belongs to the module behind it; a line still busy with the last epoch
+    // drops this one, as a receiver's full port does.
+    const QStringList sets = StreamedSets();
+    if (!m_device || sets.isEmpty() || InPassThrough() || !m_output.isEmpty())
         return;
     // Whole seconds, always forward, even when the timer fires twice within one second.
     const qint64 ms = std::max(m_clock().toMSecsSinceEpoch() / 1000 * 1000, m_lastEpochMs + 1000);
@@ -329,7 +336,7 @@ void CSimulator::SendEpoch() {
     if (!ok)
         mask = 5.0;
     const auto sky = m_sky.At(rxio::GpsTime::FromUtc(utc), mask, m_faults.hiddenSatellites);
-    Emit(NmeaEpoch(sky, utc, m_sky.Observer(), m_state->Messages().at(QStringLiteral("cur/term"))));
+    Emit(NmeaEpoch(sky, utc, m_sky.Observer(), sets));
 }
 
 void CSimulator::Send(const QByteArray& bytes) {

@@ -84,7 +84,9 @@ private:
     void Emit(const QByteArray& bytes);
     void Drain();
     void StartPassThroughIfAsked();
-    // Runs the epoch timer while the controller's port has an NMEA set enabled.
+    // The NMEA sets enabled on the controller's port, in the order an epoch sends them.
+    QStringList StreamedSets() const;
+    // Runs the epoch timer while there are any.
     void UpdateStream();
     void SendEpoch();
     QString ControllerValue(const char* leaf) const;

@@ -4,7 +4,6 @@
 #include "rxio/Positions.h"
 
 #include <QString>
-#include <cstdint>
 #include <map>
 #include <set>
 #include <vector>

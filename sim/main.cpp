@@ -11,6 +11,7 @@
 #include <QTextStream>
 #include <cmath>
 #include <memory>
+#include <numbers>
 #include <optional>
 #include <stdexcept>
 
@@ -73,7 +74,7 @@ std::optional<vex::POS_GEO> ParseObserver(const QString& text, QString& error) {
     bool ok = parts.size() == 3;
     for (int i = 0; ok && i < 3; ++i)
         values[i] = parts[i].trimmed().toDouble(&ok);
-    constexpr double kDeg = 3.14159265358979323846 / 180.0;
+    constexpr double kDeg = std::numbers::pi / 180.0;
     if (ok && std::abs(values[0]) <= 90 && std::abs(values[1]) <= 180 && values[2] >= -1000 &&
         values[2] <= 100000)
         return vex::POS_GEO{values[0] * kDeg, values[1] * kDeg, values[2]};
