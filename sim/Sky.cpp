@@ -38,24 +38,19 @@ double Jitter(std::uint32_t a, std::uint32_t b) {
     return (h % 20001u) / 10000.0 - 1.0;
 }
 
-// The radius of an orbit whose period is one sidereal day.
+// The square root of the semi-major axis of an orbit whose period is one sidereal day.
 double GeosyncSqrtA() {
     return std::sqrt(std::cbrt(kGm / (kEarthRotation * kEarthRotation)));
 }
 
-struct Frame {
-    GpsTime epoch; // the almanacs' time of applicability
-    double weekStart;
-};
-
 // A medium orbit given by its plane and argument of latitude at the anchor; the node drifts as
 // Earth's oblateness makes it.
-Almanac Meo(const Frame& f, int usi, double sqrtA, double e, double iDeg, double raanDeg,
+Almanac Meo(GpsTime epoch, int usi, double sqrtA, double e, double iDeg, double raanDeg,
             double latitudeDeg) {
     Almanac a;
     a.usi = usi;
-    a.week = f.epoch.Week();
-    a.toa = f.epoch.SecondsOfWeek();
+    a.week = epoch.Week();
+    a.toa = epoch.SecondsOfWeek();
     a.sqrtA = sqrtA;
     a.eccentricity = e;
     a.inclination = iDeg * kDeg;
@@ -65,41 +60,40 @@ Almanac Meo(const Frame& f, int usi, double sqrtA, double e, double iDeg, double
     a.rateOfRightAscension =
         -1.5 * motion * kJ2 * ratio * ratio * std::cos(a.inclination) / ((1 - e * e) * (1 - e * e));
     a.argumentOfPerigee = Wrap(Jitter(usi, 1) * kPi);
-    const double sinceAnchor = f.epoch.Seconds() - kAnchor.Seconds();
+    const double sinceAnchor = epoch.Seconds() - kAnchor.Seconds();
     a.meanAnomaly = Wrap(latitudeDeg * kDeg - a.argumentOfPerigee + motion * sinceAnchor);
     a.rightAscension = Wrap(raanDeg * kDeg + a.rateOfRightAscension * sinceAnchor -
-                            kEarthRotation * (f.weekStart - kAnchor.Seconds()));
+                            kEarthRotation * (epoch.Seconds() - a.toa - kAnchor.Seconds()));
     return a;
 }
 
 // An orbit of one sidereal day whose ground track crosses the equator northwards at
 // `nodeLonDeg` (a point when the inclination is 0); `phaseDeg` is its place on the track at the
 // anchor.
-Almanac Geosync(const Frame& f, int usi, double e, double iDeg, double nodeLonDeg,
-                double perigeeDeg, double phaseDeg) {
+Almanac Geosync(GpsTime epoch, int usi, double e, double iDeg, double nodeLonDeg, double perigeeDeg,
+                double phaseDeg) {
     Almanac a;
     a.usi = usi;
-    a.week = f.epoch.Week();
-    a.toa = f.epoch.SecondsOfWeek();
+    a.week = epoch.Week();
+    a.toa = epoch.SecondsOfWeek();
     a.sqrtA = GeosyncSqrtA();
     a.eccentricity = e;
     a.inclination = iDeg * kDeg;
     a.argumentOfPerigee = Wrap(perigeeDeg * kDeg);
-    a.meanAnomaly =
-        Wrap(phaseDeg * kDeg + kEarthRotation * (f.epoch.Seconds() - kAnchor.Seconds()));
+    a.meanAnomaly = Wrap(phaseDeg * kDeg + kEarthRotation * (epoch.Seconds() - kAnchor.Seconds()));
     a.rightAscension =
         Wrap(nodeLonDeg * kDeg + kEarthRotation * a.toa - a.argumentOfPerigee - a.meanAnomaly);
     return a;
 }
 
 // A Walker constellation's satellite `index`: `planes` planes, `perPlane` slots in each.
-Almanac Walker(const Frame& f, int usi, int index, int planes, int perPlane, double sqrtA, double e,
+Almanac Walker(GpsTime epoch, int usi, int index, int planes, int perPlane, double sqrtA, double e,
                double iDeg, double raan0Deg) {
     const int plane = index % planes;
     const int slot = index / planes;
     const double spacing = 360.0 / perPlane;
     const double phasing = 360.0 / (planes * perPlane);
-    return Meo(f, usi, sqrtA, e * (1.0 + 0.5 * Jitter(usi, 2)), iDeg + 0.5 * Jitter(usi, 3),
+    return Meo(epoch, usi, sqrtA, e * (1.0 + 0.5 * Jitter(usi, 2)), iDeg + 0.5 * Jitter(usi, 3),
                raan0Deg + plane * 360.0 / planes, slot * spacing + plane * phasing);
 }
 
@@ -166,9 +160,8 @@ CSky::CSky(GpsTime reference)
     : m_observer(DefaultObserver()), m_sessionStart(reference), m_last(reference) {
     // Applicable at a multiple of 4096 s of the week, as broadcast almanacs are: at most an
     // hour and a bit before `reference`.
-    const Frame f{
-        GpsTime::FromWeek(reference.Week(), std::floor(reference.SecondsOfWeek() / 4096) * 4096),
-        GpsTime::FromWeek(reference.Week(), 0.0).Seconds()};
+    const GpsTime epoch =
+        GpsTime::FromWeek(reference.Week(), std::floor(reference.SecondsOfWeek() / 4096) * 4096);
     const auto add = [this](ESystem system, int number, const Almanac& a, bool keplerian) {
         m_orbits.push_back({system, a.usi, number, a});
         if (keplerian)
@@ -180,7 +173,7 @@ CSky::CSky(GpsTime reference)
     for (int prn = 1; prn <= 32; ++prn) {
         if (prn == 20)
             continue;
-        Almanac a = Walker(f, rxio::usi::Gps(prn), index++, 6, 6, 5153.6 + 0.4 * Jitter(prn, 4),
+        Almanac a = Walker(epoch, rxio::usi::Gps(prn), index++, 6, 6, 5153.6 + 0.4 * Jitter(prn, 4),
                            0.008, 55.0, 17.0);
         a.af0 = 2e-4 * Jitter(prn, 5);
         a.af1 = 1e-11 * Jitter(prn, 6);
@@ -192,44 +185,45 @@ CSky::CSky(GpsTime reference)
     for (int svid :
          {1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 12, 13, 15, 19, 21, 24, 25, 26, 27, 30, 31, 33, 34, 36})
         add(ESystem::Galileo, svid,
-            Walker(f, rxio::usi::Galileo(svid), index++, 3, 8, 5440.6, 0.0004, 56.0, 75.0), true);
+            Walker(epoch, rxio::usi::Galileo(svid), index++, 3, 8, 5440.6, 0.0004, 56.0, 75.0),
+            true);
     // BeiDou: medium orbits Walker 24/3/1 at 55 degrees, inclined and geostationary ones.
     index = 0;
     for (int prn :
          {19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 32, 33, 34, 35, 36, 37, 11, 12, 14})
         add(ESystem::BeiDou, prn,
-            Walker(f, rxio::usi::BeiDou(prn), index++, 3, 8, 5282.6, 0.001, 55.0, 140.0), true);
+            Walker(epoch, rxio::usi::BeiDou(prn), index++, 3, 8, 5282.6, 0.001, 55.0, 140.0), true);
     for (const Track& k : kBeiDouInclined)
         add(ESystem::BeiDou, k.prn,
-            Geosync(f, rxio::usi::BeiDou(k.prn), 0.004, 55.0, k.lonDeg, 0.0, k.phaseDeg), true);
+            Geosync(epoch, rxio::usi::BeiDou(k.prn), 0.004, 55.0, k.lonDeg, 0.0, k.phaseDeg), true);
     for (const Track& k : kBeiDouGeo)
         add(ESystem::BeiDou, k.prn,
-            Geosync(f, rxio::usi::BeiDou(k.prn), 0.0004, 1.0, k.lonDeg, 0.0, 0.0), true);
+            Geosync(epoch, rxio::usi::BeiDou(k.prn), 0.0004, 1.0, k.lonDeg, 0.0, 0.0), true);
     // QZSS: three on the quasi-zenith figure eight (eight hours apart), one geostationary.
     for (const Track& k : kQzss)
         add(ESystem::QZSS, k.prn,
-            k.phaseDeg < 0 ? Geosync(f, k.prn, 0.0002, 0.1, k.lonDeg, 0.0, 0.0)
-                           : Geosync(f, k.prn, 0.075, 41.0, k.lonDeg, 270.0, k.phaseDeg),
+            k.phaseDeg < 0 ? Geosync(epoch, k.prn, 0.0002, 0.1, k.lonDeg, 0.0, 0.0)
+                           : Geosync(epoch, k.prn, 0.075, 41.0, k.lonDeg, 270.0, k.phaseDeg),
             true);
     // NavIC: inclined pairs crossing the equator at 55 and 111.75 degrees east, three
     // geostationary.
     for (const Track& k : kNavic)
         add(ESystem::NavIC, k.prn,
             k.phaseDeg < 0
-                ? Geosync(f, rxio::usi::Irnss(k.prn), 0.0005, 1.5, k.lonDeg, 0.0, 0.0)
-                : Geosync(f, rxio::usi::Irnss(k.prn), 0.002, 29.0, k.lonDeg, 0.0, k.phaseDeg),
+                ? Geosync(epoch, rxio::usi::Irnss(k.prn), 0.0005, 1.5, k.lonDeg, 0.0, 0.0)
+                : Geosync(epoch, rxio::usi::Irnss(k.prn), 0.002, 29.0, k.lonDeg, 0.0, k.phaseDeg),
             true);
     // GLONASS: three planes at 64.8 degrees, eight slots each; USI carries the channel.
     for (int slot = 1; slot <= 24; ++slot) {
         const int plane = (slot - 1) / 8;
         const double latitude = -45.0 * ((slot - 1) % 8) + 15.0 * plane;
         add(ESystem::GLONASS, slot,
-            Meo(f, 45 + kGlonassChannel[slot - 1], 5050.7, 0.001, 64.8, 250.0 + 120.0 * plane,
+            Meo(epoch, 45 + kGlonassChannel[slot - 1], 5050.7, 0.001, 64.8, 250.0 + 120.0 * plane,
                 latitude),
             false);
     }
     for (const Track& k : kSbas)
-        add(ESystem::SBAS, k.prn, Geosync(f, k.prn, 0.0, 0.0, k.lonDeg, 0.0, 0.0), false);
+        add(ESystem::SBAS, k.prn, Geosync(epoch, k.prn, 0.0, 0.0, k.lonDeg, 0.0, 0.0), false);
 }
 
 vex::POS_GEO CSky::DefaultObserver() {

@@ -35,9 +35,9 @@ struct SkySatellite {
 };
 
 // The orbits of every constellation and what a receiver at the observer tracks of them.
-// Keplerian almanacs (GPS, Galileo, BeiDou, QZSS, NavIC) are made for the week of `reference`,
-// from nominal geometry anchored at a fixed moment, so the same UTC gives the same sky in every
-// run. GLONASS and SBAS run on orbits of the same form that are never handed out.
+// Keplerian almanacs (GPS, Galileo, BeiDou, QZSS, NavIC) applicable shortly before `reference`
+// are made from nominal geometry anchored at a fixed moment, so the same UTC gives the same sky
+// in every run. GLONASS and SBAS run on orbits of the same form that are never handed out.
 class CSky {
 public:
     explicit CSky(rxio::GpsTime reference);
