@@ -27,9 +27,14 @@ constexpr double kDeg = std::numbers::pi / 180.0;
 // pass that only grazes the mask may rise or set near its top, so marks are counted, not
 // required of each.
 TEST(SkyTest, AnHourOfSky) {
-    const GpsTime start = GpsTime::FromUtc(QDateTime::currentDateTimeUtc());
-    for (const double mask : {5.0, 20.0}) {
-        SCOPED_TRACE(mask);
+    const struct {
+        const char* utc;
+        double mask;
+    } cases[] = {{"2026-01-01T00:00:00Z", 5.0}, {"2026-06-15T13:37:00Z", 20.0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.utc);
+        const double mask = c.mask;
+        const GpsTime start = GpsTime::FromUtc(QDateTime::fromString(c.utc, Qt::ISODate));
         CSky sky(start);
         sky.StartSession(start);
         std::map<int, SkySatellite> before;
@@ -147,9 +152,13 @@ TEST_P(SkyStream, DecodesTheSkyOfItsAlmanacs) {
     bench.connection->RegisterSatListListener(recorder);
     bench.connection->RegisterPositionListener(recorder);
 
+    // South and west of the default, where every sign of the position shows.
+    const vex::POS_GEO observer{-33.45 * kDeg, -70.67 * kDeg, 570.25};
+    bench.simulator.Sky().SetObserver(observer);
     // The highest satellite now stays in view through the test.
     const QDateTime now = QDateTime::currentDateTimeUtc();
     CSky probe(GpsTime::FromUtc(now));
+    probe.SetObserver(observer);
     const auto sky = probe.At(GpsTime::FromUtc(now), 10, {});
     const int hidden = std::max_element(sky.begin(), sky.end(), [](const auto& a, const auto& b) {
                            return a.elevation < b.elevation;
@@ -176,7 +185,6 @@ TEST_P(SkyStream, DecodesTheSkyOfItsAlmanacs) {
     EXPECT_FALSE(Exec(*bench.connection, disable.join(QLatin1Char(';'))).error);
     const std::size_t stopped = recorder->epochs.size();
 
-    const vex::POS_GEO observer = bench.simulator.Sky().Observer();
     for (const Recorder::Epoch& epoch : recorder->epochs) {
         ASSERT_TRUE(epoch.position.utc.isValid());
         EXPECT_NE(epoch.position.solution, rxio::ESolutionType::None);
