@@ -4,6 +4,7 @@
 #include <QSocketNotifier>
 #include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <stdexcept>
 #include <termios.h>
 #include <unistd.h>
@@ -66,7 +67,11 @@ qint64 CPty::writeData(const char* data, qint64 size) {
     while (written < size) {
         const ssize_t n = ::write(m_fd, data + written, static_cast<size_t>(size - written));
         if (n < 0 && errno == EAGAIN) {
-            usleep(200);
+            // Nobody reads the line (a streaming receiver with no controller on it): like a
+            // serial line, it sends into the void rather than stall the receiver.
+            pollfd ready{m_fd, POLLOUT, 0};
+            if (poll(&ready, 1, kStallMs) <= 0)
+                return size;
             continue;
         }
         if (n <= 0)

@@ -16,6 +16,9 @@ public:
     CPty();
     ~CPty() override;
 
+    // How long a write waits for a line nobody reads before its bytes are dropped.
+    static constexpr int kStallMs = 100;
+
     QString SlavePath() const { return m_slavePath; }
     bool isSequential() const override { return true; }
     qint64 bytesAvailable() const override;

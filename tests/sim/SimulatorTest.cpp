@@ -1,6 +1,7 @@
 #include "Simulator.h"
 
 #include "Model.h"
+#include "Pty.h"
 #include "SimulatedReceiver.h"
 #include "rxio/Pipe.h"
 
@@ -86,6 +87,14 @@ TEST(SimulatorHistory, KeepsTheNewestAndCountsAll) {
     const QStringList& events = simulator.State().Events();
     EXPECT_EQ(events.size(), rxsim::CReceiverState::kKeptEvents);
     EXPECT_EQ(events.back(), QStringLiteral("n=%1").arg(kLines - 1));
+}
+
+// A pseudo-terminal nobody reads (a stream left on when the controller went) takes what fits
+// and drops the rest rather than stall the simulator.
+TEST(SimulatorPty, ALineNobodyReadsNeverStalls) {
+    rxsim::CPty pty;
+    const QByteArray block(1 << 20, '$');
+    EXPECT_EQ(pty.write(block), block.size());
 }
 
 } // namespace
