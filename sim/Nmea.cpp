@@ -1,6 +1,6 @@
 #include "Nmea.h"
 
-#include <QTime>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <numbers>
@@ -12,7 +12,8 @@ namespace {
 constexpr double kDeg = std::numbers::pi / 180.0;
 
 // Fixed dilutions: the solution's geometry is not modelled.
-constexpr const char* kDops = "1.2,0.7,1.0";
+constexpr const char* kHdop = "0.7";
+const QByteArray kDops = QByteArray("1.2,") + kHdop + ",1.0"; // PDOP, HDOP, VDOP
 
 struct Talker {
     const char* id;
@@ -74,6 +75,11 @@ QByteArray Angle(double radians, int degreeDigits, char positive, char negative)
     return text;
 }
 
+// Epochs fall on whole seconds.
+QByteArray TimeOfDay(const QDateTime& utc) {
+    return utc.toString(QStringLiteral("HHmmss")).toLatin1() + ".00";
+}
+
 QByteArray Position(const vex::POS_GEO& observer) {
     return Angle(observer.lat, 2, 'N', 'S') + ',' + Angle(observer.lon, 3, 'E', 'W');
 }
@@ -84,14 +90,13 @@ QByteArray Gga(const std::vector<SkySatellite>& sky, const QDateTime& utc,
     for (const SkySatellite& s : sky)
         used += s.status == 0 ? 1 : 0;
     // The height is given against the ellipsoid: no geoid model, separation 0.
-    return NmeaSentence("GNGGA," + utc.toString(QStringLiteral("HHmmss.zz")).toLatin1() + ',' +
-                        Position(observer) + ",1," + Int(used, 2) + ",0.7," +
+    return NmeaSentence("GNGGA," + TimeOfDay(utc) + ',' + Position(observer) + ",1," +
+                        Int(used, 2) + ',' + kHdop + ',' +
                         QByteArray::number(observer.height, 'f', 3) + ",M,0.000,M,,");
 }
 
 QByteArray Rmc(const QDateTime& utc, const vex::POS_GEO& observer) {
-    return NmeaSentence("GNRMC," + utc.toString(QStringLiteral("HHmmss.zz")).toLatin1() + ",A," +
-                        Position(observer) + ",0.00,0.00," +
+    return NmeaSentence("GNRMC," + TimeOfDay(utc) + ",A," + Position(observer) + ",0.00,0.00," +
                         utc.toString(QStringLiteral("ddMMyy")).toLatin1() + ",,,A,V");
 }
 
