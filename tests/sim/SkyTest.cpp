@@ -223,7 +223,7 @@ TEST_P(SkyStream, DecodesTheSkyOfItsAlmanacs) {
             const double azimuth = std::remainder(s.Azimuth - expected->azimuth / kDeg, 360.0);
             EXPECT_NEAR(azimuth, 0.0, 1.0) << int(s.USI);
         }
-        EXPECT_GT(predicted, 20);
+        EXPECT_GT(predicted, 10); // at least 14 from there, all week
         EXPECT_EQ(scintillating, 1);
         EXPECT_EQ(withoutSlot, 1);
         EXPECT_EQ(statuses, (std::set<int>{0, 6}));
