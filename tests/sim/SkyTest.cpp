@@ -104,6 +104,25 @@ TEST(SkyTest, HiddenSatelliteLeavesTheRest) {
     }
 }
 
+// What print,alm answers, read back as the library reads it, predicts the sky to a few
+// thousandths of a degree.
+TEST(SkyTest, AlmanacRecordPredictsTheSky) {
+    const GpsTime t = GpsTime::FromUtc(QDateTime::currentDateTimeUtc());
+    CSky sky(t);
+    rxio::CAlmanacStorage store;
+    store.Set(rxio::ParseAlmanacRecord(rxsim::AlmanacRecord(sky.Almanacs())));
+    EXPECT_EQ(store.Satellites().size(), sky.Almanacs().size());
+    int predicted = 0;
+    for (const SkySatellite& s : sky.At(t, 5, {}))
+        if (const auto expected = store.CalculateAZ_EL(s.usi, t, sky.Observer())) {
+            ++predicted;
+            EXPECT_NEAR(expected->elevation / kDeg, s.elevation, 0.005) << s.usi;
+            EXPECT_NEAR(std::remainder(expected->azimuth / kDeg - s.azimuth, 360.0), 0.0, 0.005)
+                << s.usi;
+        }
+    EXPECT_GT(predicted, 30);
+}
+
 // Every sentence of an epoch is within NMEA's length (ours within 120) with a good checksum,
 // and the decoder takes every one.
 TEST(SkyTest, SentencesAreWellFormed) {
