@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ReceiverTarget.h"
+#include "receiver/TargetOptions.h"
 
 #include <QCommandLineParser>
 #include <QStringList>
@@ -23,19 +23,16 @@ public:
     [[noreturn]] void ShowHelp() { m_parser.showHelp(); }
     [[noreturn]] void ShowVersion() { m_parser.showVersion(); }
 
-    const std::optional<ReceiverTarget>& Target() const { return m_target; }
+    const std::optional<pell::ReceiverTarget>& Target() const { return m_target; }
     QString ScreenshotFolder() const;
 
 private:
-    QStringList m_profiles;
+    pell::CTargetOptions m_targetOptions;
     QCommandLineParser m_parser;
     QCommandLineOption m_help;
     QCommandLineOption m_version;
     QCommandLineOption m_screenshots;
-    QCommandLineOption m_simulator;
-    QCommandLineOption m_tcp;
-    QCommandLineOption m_serial;
-    std::optional<ReceiverTarget> m_target;
+    std::optional<pell::ReceiverTarget> m_target;
     QString m_error;
 };
 

@@ -2,7 +2,7 @@
 
 #include "AboutDialog.h"
 #include "AppIcon.h"
-#include "Model.h"
+#include "InProcess.h"
 #include "lib/PellLibDoc.h"
 
 #include <QCheckBox>
@@ -64,7 +64,8 @@ QPixmap StateMark(const QColor& color) {
 } // namespace
 
 MainWindow::MainWindow(std::shared_ptr<const rxsim::CModel> model, QWidget* parent)
-    : QMainWindow(parent), m_connection(std::move(model)) {
+    : QMainWindow(parent), m_simulatorModel(std::move(model)),
+      m_connection(rxsim::InProcessReceivers(m_simulatorModel)) {
     setWindowTitle(CPellLibDoc::GetShortApplicationName(true));
     setWindowIcon(AppIcon());
     BuildMenus();
@@ -115,7 +116,7 @@ QGroupBox* MainWindow::BuildConnectionBox() {
     m_kind->addItems({tr("Simulated receiver"), tr("Serial port"), tr("Network (TCP)")});
 
     m_profile = new QComboBox;
-    for (const rxsim::Profile& profile : m_connection.Model().Profiles())
+    for (const rxsim::Profile& profile : m_simulatorModel->Profiles())
         m_profile->addItem(QStringLiteral("%1 (%2)").arg(profile.model, profile.name),
                            profile.name);
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Connection.h"
+#include "Model.h"
+#include "receiver/Connection.h"
 
 #include <QMainWindow>
 
@@ -14,6 +15,9 @@ class QPushButton;
 class QSpinBox;
 
 namespace dorrit {
+
+using pell::Connection;
+using pell::ReceiverTarget;
 
 // The host's window: the connection, the connected receiver's identity, and menus that open the
 // library's windows. It only shows the Connection's state.
@@ -40,7 +44,8 @@ private:
     void OnIdentified();
     ReceiverTarget TargetFromFields() const;
 
-    Connection m_connection;
+    std::shared_ptr<const rxsim::CModel> m_simulatorModel;
+    pell::Connection m_connection;
     QFormLayout* m_connectionForm = nullptr;
     QComboBox* m_kind = nullptr;
     QComboBox* m_profile = nullptr;

@@ -32,8 +32,14 @@ CLink::~CLink() {
 void CLink::Close() {
     // Closing on purpose is not a loss.
     m_lost = true;
-    if (m_device->isOpen())
-        m_device->close();
+    if (!m_device->isOpen())
+        return;
+    // The last lines written (a stop of live data, say) go out before the port closes; bounded,
+    // as a stalled port must not hold up the caller.
+    constexpr int kFlushMs = 1000;
+    if (m_device->bytesToWrite() > 0)
+        m_device->waitForBytesWritten(kFlushMs);
+    m_device->close();
 }
 
 void CLink::ReportLost(const QString& reason) {
@@ -119,6 +125,8 @@ void CTcpLinkAttempt::Fail(const QString& reason) {
     m_socket->abort();
     emit failed(TcpError(m_host, m_port, reason));
 }
+
+IInProcessPeer::~IInProcessPeer() = default;
 
 LinkResult OpenInProcessLink(std::unique_ptr<QIODevice> end, const QString& name) {
     auto address = std::make_shared<CPortAddr>(EPortType::InProcess, name);

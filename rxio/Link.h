@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <functional>
 #include <memory>
 
 class QTcpSocket;
@@ -70,6 +71,18 @@ private:
     std::unique_ptr<QTcpSocket> m_socket;
     QTimer m_timeout;
 };
+
+// Whatever serves the far end of an in-process link (the simulated receiver); the link's far end
+// goes with it.
+class RXIO_EXPORT IInProcessPeer {
+public:
+    virtual ~IInProcessPeer();
+};
+
+// Starts a peer named `name` that serves `farEnd`. Throws std::runtime_error, its message meant
+// for the user, when there is no such peer. An empty name is the peer's default.
+using InProcessPeerFactory = std::function<std::unique_ptr<IInProcessPeer>(
+    const QString& name, std::unique_ptr<QIODevice> farEnd)>;
 
 // Wraps one end of an in-process pipe (see Pipe.h).
 RXIO_EXPORT LinkResult OpenInProcessLink(std::unique_ptr<QIODevice> end, const QString& name);

@@ -88,6 +88,10 @@ public:
     virtual CommandId StartCommand(const QString& command, int timeoutMs, Completion done) = 0;
     // Forgets a command: `done` is never called, a late reply to it is dropped.
     virtual void Abandon(CommandId id) = 0;
+    // Writes `command` now, ahead of the queue, and expects nothing back: its answer, if one
+    // ever comes, is dropped. For requests a receiver may ignore (live data on a receiver that
+    // speaks only NMEA). False when it was not sent: not connected, or not one line.
+    virtual bool Post(const QString& command) = 0;
     virtual bool IsConnected() const = 0;
 
     virtual void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) = 0;

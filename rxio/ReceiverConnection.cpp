@@ -161,6 +161,18 @@ void CReceiverConnection::Abandon(CommandId id) {
     }
 }
 
+bool CReceiverConnection::Post(const QString& command) {
+    RequireOwnerThread("Post");
+    if (!m_connected || m_suspended || !IsOneLine(command))
+        return false;
+    const CommandId id = m_nextId++;
+    m_posted.insert(id);
+    const QByteArray bytes = EncodeCommand(QByteArray::number(id), command);
+    qCDebug(lcRxio) << "out (posted):" << bytes;
+    m_link->Device().write(bytes);
+    return true;
+}
+
 void CReceiverConnection::RegisterNotice(const std::shared_ptr<INotice>& notice,
                                          ENotification kind) {
     RequireOwnerThread("RegisterNotice");
@@ -301,6 +313,9 @@ void CReceiverConnection::OnFrame(const Frame& frame) {
         Notify(NotifyReceiverGone);
         return;
     }
+    bool isNumber = false;
+    if (const CommandId id = frame.id.toULongLong(&isNumber); isNumber && m_posted.erase(id) != 0)
+        return;
     if (!m_inFlight || frame.id != QByteArray::number(m_inFlight->id)) {
         ++m_unmatched;
         qCInfo(lcRxio) << "dropped a reply nobody waits for, id" << frame.id;
@@ -358,6 +373,7 @@ void CReceiverConnection::EndSession() {
     const CallingOut guard(m_callingOut);
     m_decoder.Flush(); // the last sky and position heard
     m_connected = false;
+    m_posted.clear();
     m_timeout.stop();
     std::deque<Pending> pending = std::exchange(m_queue, {});
     if (m_inFlight) {

@@ -28,6 +28,7 @@ public:
 
     CommandId StartCommand(const QString& command, int timeoutMs, Completion done) override;
     void Abandon(CommandId id) override;
+    bool Post(const QString& command) override;
     bool IsConnected() const override;
     void RegisterNotice(const std::shared_ptr<INotice>& notice, ENotification kind) override;
     void RegisterSatListListener(const std::shared_ptr<ISatListListener>& listener) override;
@@ -100,6 +101,8 @@ private:
     CommandId m_nextId = 1;
     std::deque<Pending> m_queue;
     std::optional<Pending> m_inFlight;
+    // Posted lines whose answer, should it come, nobody waits for.
+    std::set<CommandId> m_posted;
     // Commands whose result is on its way to their completion.
     std::set<CommandId> m_delivering;
     QTimer m_timeout;

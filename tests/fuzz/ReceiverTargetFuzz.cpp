@@ -1,13 +1,13 @@
 // Any text typed as a serial port or a TCP address is refused or gives a target in range that
 // comes back the same when written out in full and read again.
-#include "ReceiverTarget.h"
+#include "receiver/ReceiverTarget.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using dorrit::ReceiverTarget;
+    using pell::ReceiverTarget;
     const QString text =
         QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     if (const auto serial = ReceiverTarget::FromSerial(text)) {

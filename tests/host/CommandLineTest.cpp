@@ -2,19 +2,19 @@
 
 #include <gtest/gtest.h>
 
-namespace dorrit {
+namespace pell {
 
 void PrintTo(const ReceiverTarget& target, std::ostream* os) {
     *os << target.kind << ' ' << target.name.toStdString() << ' ' << target.number
         << (target.rtsCts ? " rtscts" : "");
 }
 
-} // namespace dorrit
+} // namespace pell
 
 namespace {
 
 using dorrit::CommandLine;
-using dorrit::ReceiverTarget;
+using pell::ReceiverTarget;
 
 ReceiverTarget Simulator(const char* profile) {
     return {ReceiverTarget::Simulator, QString::fromUtf8(profile), 0, false};

@@ -26,6 +26,7 @@ public:
         return id;
     }
     void Abandon(CommandId id) override { m_abandoned = id; }
+    bool Post(const QString&) override { return true; }
     bool IsConnected() const override { return true; }
     void RegisterNotice(const std::shared_ptr<rxio::INotice>&, rxio::ENotification) override {}
     void RegisterSatListListener(const std::shared_ptr<rxio::ISatListListener>&) override {}

@@ -76,6 +76,28 @@ TEST(ConnectionTest, RepliesNobodyWaitsForAreDropped) {
     EXPECT_EQ(bench.connection->UnmatchedReplies(), 2u);
 }
 
+// A posted line goes out at once, even past a command in flight; its answer is nobody's and
+// counts as no stray reply. It is refused like a command when it would not stay one line.
+TEST(ConnectionTest, APostedLineGoesOutAtOnceAndItsAnswerIsDropped) {
+    Bench bench(Bench::InProcess);
+    bench.simulator.GetFaults().latencyMs = 30;
+    bool posted = false;
+    const auto reply = [&] {
+        bench.connection->StartCommand(QStringLiteral("print,pos/elm"), 1000, {});
+        posted = bench.connection->Post(QStringLiteral("print,pos/pdop"));
+        return Exec(*bench.connection, QStringLiteral("print,dev/ser/b/rate")).reply;
+    }();
+    EXPECT_TRUE(posted);
+    EXPECT_EQ(reply, QStringLiteral("9600"));
+    Spin(50);
+    EXPECT_EQ(bench.connection->UnmatchedReplies(), 0u);
+    EXPECT_EQ(bench.simulator.ReceivedCommands(),
+              (QStringList{"print,pos/elm", "print,pos/pdop", "print,dev/ser/b/rate"}));
+    EXPECT_FALSE(bench.connection->Post(QStringLiteral("print,pos/elm\nreset,yes")));
+    bench.connection->Disconnect();
+    EXPECT_FALSE(bench.connection->Post(QStringLiteral("print,pos/elm")));
+}
+
 TEST(ConnectionTest, CommandsThatWouldSplitIntoTwoAreRefusedUnsent) {
     Bench bench(Bench::InProcess);
     for (const char* command :

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "ReceiverTarget.h"
+#include "lib/pell_export.h"
+#include "receiver/ReceiverTarget.h"
+#include "rxio/Link.h"
 #include "rxio/ReceiverConnection.h"
 
 #include <QObject>
@@ -8,29 +10,20 @@
 #include <functional>
 #include <memory>
 
-namespace rxsim {
-class CModel;
-class CSimulator;
-} // namespace rxsim
-
-namespace rxio {
-class CTcpLinkAttempt;
-} // namespace rxio
-
-namespace dorrit {
+namespace pell {
 
 // The hooks a host calls around a port; the library's own unless a test counts them.
-struct PortHooks {
+struct PELL_EXPORT PortHooks {
     using Hook = std::function<bool(std::shared_ptr<const rxio::IPortAddr>)>;
     Hook preOpen;
     Hook postClose;
     static PortHooks Library();
 };
 
-// The host's one receiver connection, opened and closed as a host must: PreOpenPort before
+// A host's one receiver connection, opened and closed as a host must: PreOpenPort before
 // opening, and PostClosePort once for each, whichever way the port ends (closed, failed, lost,
 // cancelled).
-class Connection final : public QObject {
+class PELL_EXPORT Connection final : public QObject {
     Q_OBJECT
 public:
     enum class EState {
@@ -40,7 +33,9 @@ public:
         Lost, // Message() holds why; Identity() is the receiver that was there
     };
 
-    explicit Connection(std::shared_ptr<const rxsim::CModel> model,
+    // `simulators` makes the far end of a simulated receiver's link (rxsim::InProcessReceivers);
+    // without one, a simulator target fails to open.
+    explicit Connection(rxio::InProcessPeerFactory simulators,
                         PortHooks hooks = PortHooks::Library());
     ~Connection() override;
 
@@ -54,7 +49,6 @@ public:
     const ReceiverTarget& Target() const { return m_target; }
     const rxio::ReceiverIdentity& Identity() const { return m_identity; }
     std::shared_ptr<rxio::IReceiver> Receiver() const { return m_receiver; }
-    const rxsim::CModel& Model() const { return *m_model; }
 
 signals:
     void stateChanged();
@@ -69,17 +63,16 @@ private:
     void ReleasePort();
     void SetState(EState state, const QString& message = {});
 
-    std::shared_ptr<const rxsim::CModel> m_model;
+    rxio::InProcessPeerFactory m_simulators;
     PortHooks m_hooks;
     EState m_state = EState::Closed;
     QString m_message;
     ReceiverTarget m_target;
     rxio::ReceiverIdentity m_identity;
-    std::unique_ptr<rxsim::CSimulator> m_simulator;
-    std::unique_ptr<QIODevice> m_simulatorEnd;
+    std::unique_ptr<rxio::IInProcessPeer> m_simulator;
     std::unique_ptr<rxio::CTcpLinkAttempt> m_attempt;
     std::shared_ptr<rxio::CReceiverConnection> m_receiver;
     std::shared_ptr<const rxio::IPortAddr> m_openPort;
 };
 
-} // namespace dorrit
+} // namespace pell

@@ -1,13 +1,11 @@
-#include "Connection.h"
+#include "receiver/Connection.h"
 
-#include "Model.h"
-#include "Simulator.h"
 #include "lib/PellLib.h"
 #include "rxio/Pipe.h"
 
 #include <stdexcept>
 
-namespace dorrit {
+namespace pell {
 
 namespace {
 
@@ -20,8 +18,8 @@ PortHooks PortHooks::Library() {
     return {&PreOpenPort, &PostClosePort};
 }
 
-Connection::Connection(std::shared_ptr<const rxsim::CModel> model, PortHooks hooks)
-    : m_model(std::move(model)), m_hooks(std::move(hooks)) {}
+Connection::Connection(rxio::InProcessPeerFactory simulators, PortHooks hooks)
+    : m_simulators(std::move(simulators)), m_hooks(std::move(hooks)) {}
 
 Connection::~Connection() {
     TearDown();
@@ -31,8 +29,6 @@ void Connection::Open(const ReceiverTarget& target) {
     TearDown();
     m_identity = {};
     m_target = target;
-    if (m_target.kind == ReceiverTarget::Simulator && m_target.name.isEmpty())
-        m_target.name = m_model->Profiles().front().name;
     const auto address = m_target.PortAddress();
     if (!m_hooks.preOpen(address)) {
         SetState(EState::Closed, tr("Opening %1 was refused.").arg(m_target.Describe()));
@@ -40,20 +36,21 @@ void Connection::Open(const ReceiverTarget& target) {
     }
     m_openPort = address;
     switch (m_target.kind) {
-    case ReceiverTarget::Simulator:
+    case ReceiverTarget::Simulator: {
+        if (!m_simulators) {
+            Fail(tr("This program has no simulated receiver."));
+            return;
+        }
+        auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
         try {
-            m_simulator = std::make_unique<rxsim::CSimulator>(m_model, m_target.name);
+            m_simulator = m_simulators(m_target.name, std::move(theirs));
         } catch (const std::exception& e) {
             Fail(QString::fromUtf8(e.what()));
             return;
         }
-        {
-            auto [mine, theirs] = rxio::CPipeEnd::CreatePair();
-            m_simulatorEnd = std::move(theirs);
-            m_simulator->Serve(m_simulatorEnd.get());
-            Attach(rxio::OpenInProcessLink(std::move(mine), address->GetName()).link);
-        }
+        Attach(rxio::OpenInProcessLink(std::move(mine), address->GetName()).link);
         return;
+    }
     case ReceiverTarget::Serial: {
         rxio::LinkResult opened =
             rxio::OpenSerialLink(m_target.name, m_target.number, m_target.rtsCts);
@@ -115,7 +112,6 @@ void Connection::TearDown() {
     if (m_receiver)
         m_receiver->Disconnect();
     m_receiver.reset();
-    m_simulatorEnd.reset();
     m_simulator.reset();
     ReleasePort();
 }
@@ -131,4 +127,4 @@ void Connection::SetState(EState state, const QString& message) {
     emit stateChanged();
 }
 
-} // namespace dorrit
+} // namespace pell

@@ -1,5 +1,6 @@
-#include "Connection.h"
+#include "receiver/Connection.h"
 
+#include "InProcess.h"
 #include "Pty.h"
 #include "SimulatedReceiver.h"
 #include "TestSupport.h"
@@ -16,8 +17,8 @@
 
 namespace {
 
-using dorrit::Connection;
-using dorrit::ReceiverTarget;
+using pell::Connection;
+using pell::ReceiverTarget;
 using EState = Connection::EState;
 using pell::CSimulatedControllerHardware;
 using pell::EDevice;
@@ -39,18 +40,19 @@ struct Rig {
             simulator.Serve(served.get());
         });
         connection = std::make_unique<Connection>(
-            SmallModel(), dorrit::PortHooks{[this](std::shared_ptr<const rxio::IPortAddr> port) {
-                                                ++opens;
-                                                opened = port->GetName();
-                                                return PreOpenPort(port);
-                                            },
-                                            [this](std::shared_ptr<const rxio::IPortAddr> port) {
-                                                // Closes follow the open of the same port.
-                                                ++closes;
-                                                EXPECT_EQ(closes, opens);
-                                                EXPECT_EQ(port->GetName(), opened);
-                                                return PostClosePort(port);
-                                            }});
+            rxsim::InProcessReceivers(SmallModel()),
+            pell::PortHooks{[this](std::shared_ptr<const rxio::IPortAddr> port) {
+                                ++opens;
+                                opened = port->GetName();
+                                return PreOpenPort(port);
+                            },
+                            [this](std::shared_ptr<const rxio::IPortAddr> port) {
+                                // Closes follow the open of the same port.
+                                ++closes;
+                                EXPECT_EQ(closes, opens);
+                                EXPECT_EQ(port->GetName(), opened);
+                                return PostClosePort(port);
+                            }});
     }
     ~Rig() { pell::SetControllerHardware(nullptr); }
 

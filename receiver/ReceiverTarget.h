@@ -1,15 +1,16 @@
 #pragma once
 
+#include "lib/pell_export.h"
 #include "rxio/PortAddr.h"
 
 #include <QString>
 #include <memory>
 #include <optional>
 
-namespace dorrit {
+namespace pell {
 
 // Where the receiver is: the built-in simulator, a serial port or a TCP address.
-struct ReceiverTarget {
+struct PELL_EXPORT ReceiverTarget {
     enum EKind { Simulator, Serial, Tcp };
     EKind kind = Simulator;
     QString name;        // simulator profile (empty: the first), serial device, or host
@@ -28,4 +29,4 @@ struct ReceiverTarget {
     std::shared_ptr<const rxio::IPortAddr> PortAddress() const;
 };
 
-} // namespace dorrit
+} // namespace pell

@@ -1,10 +1,10 @@
-#include "ReceiverTarget.h"
+#include "receiver/ReceiverTarget.h"
 
 #include <QObject>
 #include <QUrl>
 #include <algorithm>
 
-namespace dorrit {
+namespace pell {
 
 namespace {
 
@@ -73,4 +73,4 @@ std::shared_ptr<const rxio::IPortAddr> ReceiverTarget::PortAddress() const {
     return std::make_shared<rxio::CPortAddr>(types[kind], kind == Serial ? name : Describe());
 }
 
-} // namespace dorrit
+} // namespace pell

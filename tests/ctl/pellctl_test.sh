@@ -1,0 +1,154 @@
+#!/usr/bin/env bash
+# Runs the real pellctl: prediction against an independent computation, sky from a receiver that
+# speaks only NMEA (a replayed capture over TCP) and from the simulator, and the error exits.
+# Usage: pellctl_test.sh PELLCTL DATA_DIR
+set -uo pipefail
+pellctl=$1
+data=$2
+here=$(cd "$(dirname "$0")" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+failures=0
+
+fail() {
+    echo "FAIL: $*" >&2
+    failures=$((failures + 1))
+}
+
+# expect STATUS STDERR_PART -- ARGS...: exit status and a part of the one-line message.
+expect() {
+    local status=$1 part=$2
+    shift 3
+    "$pellctl" "$@" >"$work/out" 2>"$work/err"
+    local got=$?
+    [ "$got" -eq "$status" ] || fail "pellctl $*: exit $got, not $status"
+    [ -z "$part" ] || grep -qF -- "$part" "$work/err" || fail "pellctl $*: no \"$part\" in: $(cat "$work/err")"
+    [ "$status" -eq 0 ] || [ "$(wc -l <"$work/err")" -le 1 ] || fail "pellctl $*: more than one line"
+}
+
+# Starts the replay server on a capture; sets $port.
+replay() {
+    rm -f "$work/port"
+    python3 "$here/replay_nmea.py" "$data/nmea/$1" "$work/received" "${@:2}" >"$work/port" &
+    replay_pid=$!
+    for _ in $(seq 50); do
+        [ -s "$work/port" ] && break
+        sleep 0.1
+    done
+    port=$(cat "$work/port")
+}
+
+# --- predict ---
+yuma="$data/almanac/maast_alm01jan2020.yuma.txt"
+for observer in 47.3769,8.5417,408 -33.8688,151.2093,58 78.2232,15.6267,10; do
+    "$pellctl" predict --almanac "$yuma" --at 2020-01-01T12:00:00Z --observer="$observer" --json \
+        >"$work/predict.json" || fail "predict $observer: exit $?"
+    python3 - "$data/almanac" "$work/predict.json" "$observer" <<'PY' || fail "predict $observer"
+import json, sys
+sys.path.insert(0, sys.argv[1])
+import azel_reference as ref
+out = json.loads(open(sys.argv[2], encoding="utf-8").read())
+lat, lon, h = map(float, sys.argv[3].split(","))
+sats = ref.read_yuma(sys.argv[1] + "/maast_alm01jan2020.yuma.txt")
+# 2020-01-01T12:00:00Z in GPS seconds: 18 leap seconds then.
+t = 2086 * 604800 + 3 * 86400 + 12 * 3600 + 18
+assert [s["id"] for s in out["satellites"]] == ["G%02d" % p for p in sorted(sats)], out
+for s in out["satellites"]:
+    az, el = ref.az_el(sats[int(s["id"][1:])], lat, lon, h, t)
+    assert abs((s["azimuth"] - az + 180) % 360 - 180) <= 0.06, (s, az)
+    assert abs(s["elevation"] - el) <= 0.06, (s, el)
+    assert s["up"] == (s["elevation"] > 0), s
+PY
+done
+"$pellctl" predict --almanac "$yuma" --at 2020-01-01T12:00:00Z --observer 47.3769,8.5417,408 \
+    >"$work/predict.txt" || fail "predict text: exit $?"
+[ "$(head -1 "$work/predict.txt")" = "sat      az     el" ] || fail "predict text header"
+grep -qxE 'G02 +223\.4 +6\.6  up' "$work/predict.txt" || fail "predict text: G02 row"
+grep -qxE 'G01 +102\.4 +-45\.4' "$work/predict.txt" || fail "predict text: G01 row"
+[ "$(wc -l <"$work/predict.txt")" -eq 32 ] || fail "predict text: not 31 satellites"
+# SEM reads the same way.
+"$pellctl" predict --almanac "$data/almanac/gnsstk_test_input_sem387.al3" \
+    --at 1987-06-01T00:00:00Z --observer 0,0,0 >"$work/sem.txt" || fail "predict SEM: exit $?"
+[ "$(wc -l <"$work/sem.txt")" -eq 31 ] || fail "predict SEM: not 30 satellites"
+
+printf 'ID: 01\nHealth: x\n' >"$work/broken.yuma"
+expect 2 "broken.yuma" -- predict --almanac "$work/broken.yuma" --at 2020-01-01T12:00:00Z --observer 1,2,3
+expect 2 "No such file" -- predict --almanac "$work/none" --at 2020-01-01T12:00:00Z --observer 1,2,3
+expect 2 "--at takes" -- predict --almanac "$yuma" --at 2020-01-01T12:00:00 --observer 1,2,3
+expect 2 "--observer takes" -- predict --almanac "$yuma" --at 2020-01-01T12:00:00Z --observer 91,0,0
+expect 2 "needs --almanac" -- predict --at 2020-01-01T12:00:00Z --observer 1,2,3
+expect 2 "unknown command" -- skies
+expect 2 "Unknown simulator profile" -- sky --simulator=nope
+expect 2 "--seconds takes" -- sky --simulator --seconds 0
+expect 2 "Choose one receiver" -- sky --simulator --connect tcp://127.0.0.1:1
+expect 0 "" -- --help
+expect 0 "" -- sky --help
+grep -qF -- "--seconds" "$work/out" || fail "sky --help tells no --seconds"
+
+# --- sky from a receiver that speaks only NMEA ---
+replay ublox-zed-f9p-nmea.log
+"$pellctl" sky --connect "tcp://127.0.0.1:$port" --seconds 2 --json >"$work/sky.json" 2>"$work/err"
+status=$?
+wait "$replay_pid"
+[ "$status" -eq 0 ] || fail "sky over TCP: exit $status: $(cat "$work/err")"
+python3 - "$work/sky.json" "$work/received" <<'PY' || fail "sky over TCP: output"
+import json, sys
+epochs = [json.loads(line) for line in open(sys.argv[1], encoding="utf-8")]
+assert len(epochs) > 20, len(epochs)
+first = epochs[0]
+assert first["utc"] == "2019-04-12T00:39:56Z" and first["fix"] == "standalone", first
+assert abs(first["position"]["lat"] + 45.8775672) < 1e-6, first
+ids = [s["id"] for s in first["satellites"]]
+assert "G13" in ids and "R17" in ids, ids  # GLONASS 81 is slot 17
+g13 = next(s for s in first["satellites"] if s["id"] == "G13")
+assert g13 == {"id": "G13", "system": "GPS", "number": 13, "usi": 13, "azimuth": 124,
+               "elevation": 37, "snr": {"0": 29}, "used": True}, g13
+assert all(set(s) == set(g13) for e in epochs for s in e["satellites"])
+received = open(sys.argv[2], encoding="utf-8").read().splitlines()
+em = [l for l in received if "em,/cur/term,nmea/GGA;" in l]
+dm = [l for l in received if "dm,/cur/term,nmea/GGA;" in l]
+assert len(em) == 1 and len(dm) == 1 and received.index(em[0]) < received.index(dm[0]), received
+PY
+
+# Text, stopped by SIGINT: the stop line still goes out.
+replay quectelLC79D.log
+"$pellctl" sky --connect "127.0.0.1:$port" >"$work/sky.txt" 2>"$work/err" &
+pellctl_pid=$!
+sleep 1.5
+kill -INT "$pellctl_pid"
+wait "$pellctl_pid"
+status=$?
+wait "$replay_pid"
+[ "$status" -eq 0 ] || fail "sky stopped by SIGINT: exit $status: $(cat "$work/err")"
+grep -qE '^epoch [0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9:]{8}Z  fix: ' "$work/sky.txt" ||
+    fail "sky text: no header line"
+grep -qE '^  sat  system +az +el  used  SNR' "$work/sky.txt" || fail "sky text: no column line"
+grep -qE '^  [GRECSJI][0-9?]{2,3} +[A-Za-z]+ +(-|[0-9]+) +(-|-?[0-9]+)  (yes|no )' "$work/sky.txt" ||
+    fail "sky text: no satellite row"
+grep -qF "dm,/cur/term,nmea/GGA;" "$work/received" || fail "sky stopped by SIGINT: no stop line"
+
+# The receiver goes away: the sky seen so far stays, the exit says so.
+replay unicore-um621.log --close
+expect 2 "lost the connection" -- sky --connect "tcp://127.0.0.1:$port" --json
+wait "$replay_pid"
+[ -s "$work/out" ] || fail "sky, connection lost: the epochs before it were not printed"
+python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])' \
+    >"$work/port"
+expect 2 "could not connect" -- sky --connect "tcp://127.0.0.1:$(cat "$work/port")"
+
+# --- sky from the simulator: it streams once asked; until it does, no sky is a note ---
+"$pellctl" sky --simulator --seconds 2 --json >"$work/sim.json" 2>"$work/err"
+status=$?
+case $status in
+0) python3 -c 'import json, sys; [json.loads(l)["satellites"] for l in open(sys.argv[1])]' \
+       "$work/sim.json" || fail "sky --simulator: output" ;;
+1) grep -qxF "pellctl: no sky arrived within 2 s." "$work/err" && [ ! -s "$work/sim.json" ] ||
+       fail "sky --simulator without sky: $(cat "$work/err")" ;;
+*) fail "sky --simulator: exit $status: $(cat "$work/err")" ;;
+esac
+
+if [ "$failures" -ne 0 ]; then
+    echo "$failures failed" >&2
+    exit 1
+fi
+echo "pellctl: every check passed"
