@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the real pellctl: prediction against an independent computation, sky from a receiver that
-# speaks only NMEA (a replayed capture over TCP) and from the simulator, and the error exits.
+# speaks only NMEA (a replayed capture over TCP) and from the simulated one, and the error exits.
 # Usage: pellctl_test.sh PELLCTL DATA_DIR
 set -uo pipefail
 pellctl=$1
@@ -136,16 +136,20 @@ python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(
     >"$work/port"
 expect 2 "could not connect" -- sky --connect "tcp://127.0.0.1:$(cat "$work/port")"
 
-# --- sky from the simulator: it streams once asked; until it does, no sky is a note ---
-"$pellctl" sky --simulator --seconds 2 --json >"$work/sim.json" 2>"$work/err"
-status=$?
-case $status in
-0) python3 -c 'import json, sys; [json.loads(l)["satellites"] for l in open(sys.argv[1])]' \
-       "$work/sim.json" || fail "sky --simulator: output" ;;
-1) grep -qxF "pellctl: no sky arrived within 2 s." "$work/err" && [ ! -s "$work/sim.json" ] ||
-       fail "sky --simulator without sky: $(cat "$work/err")" ;;
-*) fail "sky --simulator: exit $status: $(cat "$work/err")" ;;
-esac
+# --- sky from the simulator: every constellation, one GLONASS satellite without its slot ---
+"$pellctl" sky --simulator=marten --seconds 3 --json >"$work/sim.json" 2>"$work/err" ||
+    fail "sky --simulator: exit $?: $(cat "$work/err")"
+python3 - "$work/sim.json" <<'PY' || fail "sky --simulator: output"
+import json, sys
+epochs = [json.loads(line) for line in open(sys.argv[1], encoding="utf-8")]
+assert len(epochs) >= 1, epochs
+sky = epochs[-1]["satellites"]
+systems = {s["system"] for s in sky}
+assert systems >= {"GPS", "GLONASS", "Galileo", "BeiDou", "SBAS", "QZSS", "NavIC"}, systems
+assert [s["id"] for s in sky].count("R??") == 1, sky
+assert any(s["used"] for s in sky) and not all(s["used"] for s in sky), sky
+assert epochs[-1]["fix"] != "none", epochs[-1]
+PY
 
 if [ "$failures" -ne 0 ]; then
     echo "$failures failed" >&2
