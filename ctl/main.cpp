@@ -57,6 +57,23 @@ void PrintHelp(const QCommandLineParser& parser, const char* command) {
           help.mid(help.indexOf(QLatin1Char('\n'))));
 }
 
+// Reads a command's options; the exit status when it ends there (help, or a mistake).
+std::optional<int> Parse(QCommandLineParser& parser, const QStringList& arguments,
+                         const QCommandLineOption& help, const char* command) {
+    const QString hint = QLatin1String(command) + QLatin1Char(' ');
+    if (!parser.parse(arguments))
+        return FailWithUsage(parser.errorText(), qPrintable(hint));
+    if (parser.isSet(help)) {
+        PrintHelp(parser, command);
+        return kDone;
+    }
+    if (parser.positionalArguments().size() > 1)
+        return FailWithUsage(
+            QStringLiteral("unexpected argument \"%1\".").arg(parser.positionalArguments()[1]),
+            qPrintable(hint));
+    return std::nullopt;
+}
+
 const char kUsage[] = R"(Usage: pellctl COMMAND [options]
 
 The receiver's sky and the almanac's prediction, without windows.
@@ -109,16 +126,8 @@ int RunSky(QStringList arguments) {
     parser.addOptions({secondsOption, jsonOption});
 
     targets.JoinSimulatorProfile(arguments, {QStringLiteral("--seconds")});
-    if (!parser.parse(arguments))
-        return FailWithUsage(parser.errorText(), "sky ");
-    if (parser.isSet(help)) {
-        PrintHelp(parser, "sky");
-        return kDone;
-    }
-    if (parser.positionalArguments().size() > 1)
-        return FailWithUsage(
-            QStringLiteral("unexpected argument \"%1\".").arg(parser.positionalArguments()[1]),
-            "sky ");
+    if (const std::optional<int> stop = Parse(parser, arguments, help, "sky"))
+        return *stop;
     QString error;
     const std::optional<pell::ReceiverTarget> target = targets.Read(parser, error);
     if (!error.isEmpty())
@@ -230,16 +239,8 @@ int RunPredict(const QStringList& arguments) {
     const QCommandLineOption json(QStringLiteral("json"),
                                   QStringLiteral("One JSON object on one line."));
     parser.addOptions({almanac, at, observer, json});
-    if (!parser.parse(arguments))
-        return FailWithUsage(parser.errorText(), "predict ");
-    if (parser.isSet(help)) {
-        PrintHelp(parser, "predict");
-        return kDone;
-    }
-    if (parser.positionalArguments().size() > 1)
-        return FailWithUsage(
-            QStringLiteral("unexpected argument \"%1\".").arg(parser.positionalArguments()[1]),
-            "predict ");
+    if (const std::optional<int> stop = Parse(parser, arguments, help, "predict"))
+        return *stop;
     for (const QCommandLineOption& required : {almanac, at, observer})
         if (!parser.isSet(required))
             return FailWithUsage(
