@@ -26,7 +26,7 @@ expect() {
     [ "$status" -eq 0 ] || [ "$(wc -l <"$work/err")" -le 1 ] || fail "pellctl $*: more than one line"
 }
 
-# Starts the replay server on a capture; sets $port.
+# Starts the replay server on a capture; sets $port (a TCP port, or with --pty a device).
 replay() {
     rm -f "$work/port"
     python3 "$here/replay_nmea.py" "$data/nmea/$1" "$work/received" "${@:2}" >"$work/port" &
@@ -109,6 +109,14 @@ em = [l for l in received if "em,/cur/term,nmea/GGA;" in l]
 dm = [l for l in received if "dm,/cur/term,nmea/GGA;" in l]
 assert len(em) == 1 and len(dm) == 1 and received.index(em[0]) < received.index(dm[0]), received
 PY
+
+# The same over a serial line.
+replay quectelLC79D.log --pty
+"$pellctl" sky --serial "$port@115200" --seconds 2 --json >"$work/serial.json" 2>"$work/err" ||
+    fail "sky over a serial line: exit $?: $(cat "$work/err")"
+wait "$replay_pid"
+[ "$(wc -l <"$work/serial.json")" -ge 1 ] || fail "sky over a serial line: no epoch"
+grep -qF "em,/cur/term,nmea/GGA;" "$work/received" || fail "sky over a serial line: no request"
 
 # Text, stopped by SIGINT: the stop line still goes out.
 replay quectelLC79D.log
