@@ -48,4 +48,46 @@ constexpr unsigned WizardBack = 61153;
 constexpr unsigned WizardNext = 61154;
 constexpr unsigned WizardFinish = 61155;
 
+// Satellite list: column titles and system names.
+constexpr unsigned SatColumnPRN = 61200;
+constexpr unsigned SatColumnSN = 61201;
+constexpr unsigned SatColumnEL = 61202;
+constexpr unsigned SatColumnAZ = 61203;
+constexpr unsigned SatColumnCA = 61204;
+constexpr unsigned SatColumnL2C = 61205;
+constexpr unsigned SatColumnL1P = 61206;
+constexpr unsigned SatColumnL2P = 61207;
+constexpr unsigned SatColumnL5 = 61208;
+constexpr unsigned SatColumnL2CA = 61209;
+constexpr unsigned SatColumnL3 = 61210;
+constexpr unsigned SatColumnE1 = 61211;
+constexpr unsigned SatColumnE5a = 61212;
+constexpr unsigned SatColumnE5b = 61213;
+constexpr unsigned SatColumnE5ab = 61214;
+constexpr unsigned SatColumnE6 = 61215;
+constexpr unsigned SatColumnB1 = 61216;
+constexpr unsigned SatColumnB1C = 61217;
+constexpr unsigned SatColumnB2b = 61218;
+constexpr unsigned SatColumnB2a = 61219;
+constexpr unsigned SatColumnB3 = 61220;
+constexpr unsigned SatColumnL1C = 61221;
+constexpr unsigned SatColumnLEX = 61222;
+constexpr unsigned SatColumnL5A = 61223;
+constexpr unsigned SatColumnTC = 61224;
+constexpr unsigned SatColumnSS = 61225;
+constexpr unsigned SatColumnFCN = 61226;
+constexpr unsigned SystemUnused = 61230;
+constexpr unsigned SystemGPS = 61231;
+constexpr unsigned SystemGLONASS = 61232;
+constexpr unsigned SystemGalileo = 61233;
+constexpr unsigned SystemBeiDou = 61234;
+constexpr unsigned SystemSBAS = 61235;
+constexpr unsigned SystemSAIF = 61236;
+constexpr unsigned SystemQZSS = 61237;
+constexpr unsigned SystemIRNSS = 61238;
+constexpr unsigned SystemReserved = 61239;
+constexpr unsigned SystemGLONASSShort = 61240;
+constexpr unsigned SystemGalileoShort = 61241;
+constexpr unsigned SystemBeiDouShort = 61242;
+
 } // namespace pell::ids

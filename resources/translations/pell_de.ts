@@ -203,6 +203,206 @@
         <comment>61155</comment>
         <translation>&amp;Fertig stellen</translation>
     </message>
+    <message>
+        <source>PRN</source>
+        <comment>61200</comment>
+        <translation>PRN</translation>
+    </message>
+    <message>
+        <source>SN</source>
+        <comment>61201</comment>
+        <translation>SN</translation>
+    </message>
+    <message>
+        <source>EL</source>
+        <comment>61202</comment>
+        <translation>EL</translation>
+    </message>
+    <message>
+        <source>AZ</source>
+        <comment>61203</comment>
+        <translation>AZ</translation>
+    </message>
+    <message>
+        <source>C/A</source>
+        <comment>61204</comment>
+        <translation>C/A</translation>
+    </message>
+    <message>
+        <source>L2C</source>
+        <comment>61205</comment>
+        <translation>L2C</translation>
+    </message>
+    <message>
+        <source>L1P</source>
+        <comment>61206</comment>
+        <translation>L1P</translation>
+    </message>
+    <message>
+        <source>L2P</source>
+        <comment>61207</comment>
+        <translation>L2P</translation>
+    </message>
+    <message>
+        <source>L5</source>
+        <comment>61208</comment>
+        <translation>L5</translation>
+    </message>
+    <message>
+        <source>L2CA</source>
+        <comment>61209</comment>
+        <translation>L2CA</translation>
+    </message>
+    <message>
+        <source>L3</source>
+        <comment>61210</comment>
+        <translation>L3</translation>
+    </message>
+    <message>
+        <source>E1</source>
+        <comment>61211</comment>
+        <translation>E1</translation>
+    </message>
+    <message>
+        <source>E5a</source>
+        <comment>61212</comment>
+        <translation>E5a</translation>
+    </message>
+    <message>
+        <source>E5b</source>
+        <comment>61213</comment>
+        <translation>E5b</translation>
+    </message>
+    <message>
+        <source>E5ab</source>
+        <comment>61214</comment>
+        <translation>E5ab</translation>
+    </message>
+    <message>
+        <source>E6</source>
+        <comment>61215</comment>
+        <translation>E6</translation>
+    </message>
+    <message>
+        <source>B1</source>
+        <comment>61216</comment>
+        <translation>B1</translation>
+    </message>
+    <message>
+        <source>B1C</source>
+        <comment>61217</comment>
+        <translation>B1C</translation>
+    </message>
+    <message>
+        <source>B2b</source>
+        <comment>61218</comment>
+        <translation>B2b</translation>
+    </message>
+    <message>
+        <source>B2a</source>
+        <comment>61219</comment>
+        <translation>B2a</translation>
+    </message>
+    <message>
+        <source>B3</source>
+        <comment>61220</comment>
+        <translation>B3</translation>
+    </message>
+    <message>
+        <source>L1C</source>
+        <comment>61221</comment>
+        <translation>L1C</translation>
+    </message>
+    <message>
+        <source>LEX</source>
+        <comment>61222</comment>
+        <translation>LEX</translation>
+    </message>
+    <message>
+        <source>L5A</source>
+        <comment>61223</comment>
+        <translation>L5A</translation>
+    </message>
+    <message>
+        <source>TC</source>
+        <comment>61224</comment>
+        <translation>VD</translation>
+    </message>
+    <message>
+        <source>SS</source>
+        <comment>61225</comment>
+        <translation>St</translation>
+    </message>
+    <message>
+        <source>FCN</source>
+        <comment>61226</comment>
+        <translation>FKN</translation>
+    </message>
+    <message>
+        <source>Unused</source>
+        <comment>61230</comment>
+        <translation>Unbenutzt</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <comment>61231</comment>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>GLONASS</source>
+        <comment>61232</comment>
+        <translation>GLONASS</translation>
+    </message>
+    <message>
+        <source>Galileo</source>
+        <comment>61233</comment>
+        <translation>Galileo</translation>
+    </message>
+    <message>
+        <source>BeiDou</source>
+        <comment>61234</comment>
+        <translation>BeiDou</translation>
+    </message>
+    <message>
+        <source>SBAS</source>
+        <comment>61235</comment>
+        <translation>SBAS</translation>
+    </message>
+    <message>
+        <source>SAIF</source>
+        <comment>61236</comment>
+        <translation>SAIF</translation>
+    </message>
+    <message>
+        <source>QZSS</source>
+        <comment>61237</comment>
+        <translation>QZSS</translation>
+    </message>
+    <message>
+        <source>IRNSS</source>
+        <comment>61238</comment>
+        <translation>IRNSS</translation>
+    </message>
+    <message>
+        <source>Reserved</source>
+        <comment>61239</comment>
+        <translation>Reserviert</translation>
+    </message>
+    <message>
+        <source>GLO</source>
+        <comment>61240</comment>
+        <translation>GLO</translation>
+    </message>
+    <message>
+        <source>GAL</source>
+        <comment>61241</comment>
+        <translation>GAL</translation>
+    </message>
+    <message>
+        <source>BDS</source>
+        <comment>61242</comment>
+        <translation>BDS</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>
@@ -833,6 +1033,66 @@
     <message>
         <source>Access Point</source>
         <translation>Zugangspunkt</translation>
+    </message>
+    <message>
+        <source>Used in the position solution</source>
+        <translation>In der Positionslösung verwendet</translation>
+    </message>
+    <message>
+        <source>Searching for the signal</source>
+        <translation>Signal wird gesucht</translation>
+    </message>
+    <message>
+        <source>Signal acquired, synchronising to the data</source>
+        <translation>Signal erfasst, Synchronisation auf die Daten</translation>
+    </message>
+    <message>
+        <source>Tracked, waiting for the ephemeris</source>
+        <translation>Verfolgt, Ephemeriden ausstehend</translation>
+    </message>
+    <message>
+        <source>Tracked, the satellite reports itself unhealthy</source>
+        <translation>Verfolgt, der Satellit meldet sich als fehlerhaft</translation>
+    </message>
+    <message>
+        <source>Tracked, below the elevation mask</source>
+        <translation>Verfolgt, unterhalb der Elevationsmaske</translation>
+    </message>
+    <message>
+        <source>Tracked but not used in the position solution</source>
+        <translation>Verfolgt, aber nicht in der Positionslösung verwendet</translation>
+    </message>
+    <message>
+        <source>Rejected by the integrity check (RAIM)</source>
+        <translation>Von der Integritätsprüfung (RAIM) verworfen</translation>
+    </message>
+    <message>
+        <source>Excluded by the user</source>
+        <translation>Vom Benutzer ausgeschlossen</translation>
+    </message>
+    <message>
+        <source>Tracked, signal below the signal-to-noise mask</source>
+        <translation>Verfolgt, Signal unterhalb der Signal-Rausch-Maske</translation>
+    </message>
+    <message>
+        <source>Tracked, ephemeris out of date</source>
+        <translation>Verfolgt, Ephemeriden veraltet</translation>
+    </message>
+    <message>
+        <source>Used in the position solution without differential corrections</source>
+        <translation>Ohne differentielle Korrekturen in der Positionslösung verwendet</translation>
+    </message>
+    <message>
+        <source>Used in the RTK solution</source>
+        <translation>In der RTK-Lösung verwendet</translation>
+    </message>
+    <message>
+        <source>Used for SBAS corrections only</source>
+        <translation>Nur für SBAS-Korrekturen verwendet</translation>
+    </message>
+    <message>
+        <source>Lost, reacquiring the signal</source>
+        <translation>Verloren, Signal wird neu erfasst</translation>
     </message>
 </context>
 </TS>

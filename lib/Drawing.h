@@ -1,0 +1,23 @@
+#pragma once
+
+#include "lib/pell_export.h"
+
+#include <QRgb>
+#include <span>
+
+namespace pell {
+
+// Per channel, `a` weighted by weight/255 and `b` by the rest: 255 gives `a`, 0 gives `b`.
+// The result is opaque.
+PELL_EXPORT QRgb MixColors(QRgb a, QRgb b, unsigned char weight);
+
+// How many times larger than at 96 dpi the user interface is drawn: the primary screen's
+// logical dots per inch over 96, or the user's own ratio when automatic scaling is off
+// (CPellGlobalSettings). At least 1.
+PELL_EXPORT double GetScaleFactor();
+
+// The candidate nearest to `requested`; of two equally near, the smaller, which stays crisp.
+// `requested` itself when there are no candidates.
+PELL_EXPORT int FindAppropriateIconSize(std::span<const int> candidates, int requested);
+
+} // namespace pell

@@ -1,0 +1,34 @@
+#include "lib/Tick.h"
+
+#include "lib/Replaceable.h"
+
+#include <chrono>
+
+namespace pell {
+
+namespace {
+
+CReplaceable<ITickSource, CSteadyTickSource>& Source() {
+    static CReplaceable<ITickSource, CSteadyTickSource> source;
+    return source;
+}
+
+} // namespace
+
+ITickSource::~ITickSource() = default;
+
+std::uint32_t CSteadyTickSource::Now() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint32_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
+std::uint32_t GetTickCount() {
+    return Source().Get().Now();
+}
+
+std::shared_ptr<ITickSource> SetTickSource(std::shared_ptr<ITickSource> source) {
+    return Source().Set(std::move(source));
+}
+
+} // namespace pell
