@@ -1,3 +1,4 @@
+#include "lib/PellGlobalSettings.h"
 #include "status/SatelliteImageLib.h"
 #include "status/SatelliteInfoEx.h"
 
@@ -40,6 +41,19 @@ TEST(SatelliteImageLib, ColourTables) {
         EXPECT_EQ(Lib::GetBkColor(constellation, c.factor), c.background) << c.constellation;
         EXPECT_EQ(Lib::GetIconColor(constellation, c.factor), c.icon) << c.constellation;
     }
+}
+
+// The user's own scaling ratio, truncated, picks the nearest icon size.
+TEST(SatelliteImageLib, IconSizeFollowsManualScaling) {
+    CPellGlobalSettings& settings = CPellGlobalSettings::Ref();
+    const std::pair<double, int> cases[] = {{1.0, 16}, {1.9, 16}, {2.0, 32}, {3.0, 32}, {0.5, 16}};
+    settings.EnableAutoScaling(false);
+    for (const auto& [ratio, side] : cases) {
+        settings.SetManualScalingRatio(ratio);
+        EXPECT_EQ(Lib::GetImageSize(), QSize(side, side)) << ratio;
+    }
+    settings.SetManualScalingRatio(1.0);
+    settings.EnableAutoScaling(true);
 }
 
 // What one template pixel becomes in a constellation's icon.
