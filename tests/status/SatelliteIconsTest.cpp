@@ -1,3 +1,4 @@
+#include "lib/Drawing.h"
 #include "lib/PellGlobalSettings.h"
 #include "status/SatelliteImageLib.h"
 #include "status/SatelliteInfoEx.h"
@@ -132,6 +133,24 @@ TEST(SatelliteImageLib, IndicesAndDrawing) {
         for (int x = 0; x < 16; ++x)
             ASSERT_EQ(unknown.pixel(x + 2, y + 3),
                       qAlpha(icon.pixel(x, y)) == 0 ? qRgb(1, 2, 3) : icon.pixel(x, y));
+}
+
+// ctest runs this once more with QT_SCALE_FACTOR=2 (tests/status/CMakeLists.txt).
+TEST(SatelliteImageLib, HighDpiIconsComeFromTheLargerArt) {
+    if (pell::GetDevicePixelRatio() != 2.0)
+        GTEST_SKIP() << "needs a device pixel ratio of 2";
+    Lib lib;
+    EXPECT_EQ(Lib::GetImageSize(), QSize(16, 16));
+    const int index = lib.GetImageIndx(Sat::QZSS, kNotUsed, true);
+    ASSERT_GE(index, 0);
+    const QImage& icon = lib.GetImageList()[static_cast<std::size_t>(index)];
+    EXPECT_EQ(icon.size(), QSize(32, 32));
+    EXPECT_EQ(icon.devicePixelRatio(), 2.0);
+    const QImage artwork =
+        QImage(QStringLiteral(":/pell/status/3796.png")).convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x)
+            ASSERT_EQ(icon.pixel(x, y), Expected(artwork.pixel(32 + x, y), Sat::QZSS));
 }
 
 } // namespace
