@@ -16,26 +16,23 @@ constexpr QRgb kGrey = qRgb(128, 128, 128);
 constexpr QRgb kMagenta = qRgb(255, 0, 255);
 constexpr std::array<int, 3> kIconSizes{16, 24, 32};
 
-// By constellation; Unused and unknown values differ between the two: a white background, a
-// grey icon.
-constexpr std::array<QRgb, kConstellations> kBackground{
-    kWhite,
-    qRgb(0, 215, 0),    // GPS
-    qRgb(255, 191, 20), // GLONASS
-    qRgb(0, 255, 255),  // Galileo
-    qRgb(254, 0, 254),  // BeiDou
-    qRgb(128, 0, 128),  // SBAS
-    qRgb(128, 0, 128),  // SAIF
-    qRgb(0, 0, 255),    // QZSS
-    qRgb(128, 128, 128),
-    kWhite, // Reserved
+// GPS to Reserved (1..9). Unused and any other value have no colour of their own: a white
+// background, a grey icon.
+constexpr std::array<QRgb, kConstellations - 1> kColours{
+    qRgb(0, 215, 0),     // GPS
+    qRgb(255, 191, 20),  // GLONASS
+    qRgb(0, 255, 255),   // Galileo
+    qRgb(254, 0, 254),   // BeiDou
+    qRgb(128, 0, 128),   // SBAS
+    qRgb(128, 0, 128),   // SAIF
+    qRgb(0, 0, 255),     // QZSS
+    qRgb(128, 128, 128), // IRNSS
+    kWhite,              // Reserved
 };
 
 QRgb TableColour(EConstellation constellation, bool icon) {
-    if (constellation == CSatelliteInfoEx::Unused)
-        return icon ? kGrey : kWhite;
-    if (constellation > 0 && constellation < kConstellations)
-        return kBackground[constellation];
+    if (constellation >= 1 && constellation < kConstellations)
+        return kColours[static_cast<std::size_t>(constellation) - 1];
     return icon ? kGrey : kWhite;
 }
 
