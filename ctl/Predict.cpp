@@ -1,6 +1,6 @@
 #include "Predict.h"
 
-#include "receiver/Satellites.h"
+#include "status/SatelliteInfoEx.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -61,9 +61,10 @@ std::vector<Prediction> Predict(const rxio::CAlmanacStorage& store, const QDateT
         const auto direction = store.CalculateAZ_EL(usi, t, observer);
         if (!direction)
             continue;
-        pell::SatelliteInfo satellite;
+        CSatelliteInfoEx::SatelliteInfo satellite;
         satellite.USI = static_cast<std::uint8_t>(usi);
-        out.push_back({usi, pell::SatelliteName(satellite), Tenth(direction->azimuth * kDegrees),
+        out.push_back({usi, CSatelliteInfoEx(satellite).GetSVN(),
+                       Tenth(direction->azimuth * kDegrees),
                        Tenth(direction->elevation * kDegrees)});
     }
     return out;

@@ -1,6 +1,6 @@
 #include "Sky.h"
 
-#include "receiver/Satellites.h"
+#include "status/SatelliteInfoEx.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -60,6 +60,12 @@ std::optional<int> Elevation(const Satellite& s) {
 
 std::optional<int> Azimuth(const Satellite& s) {
     return s.Azimuth <= 360 ? std::optional<int>(s.Azimuth) : std::nullopt;
+}
+
+// The long name, as the satellite list titles its constellations; never translated, as scripts
+// read it.
+QString SystemName(const CSatelliteInfoEx& record) {
+    return CSatelliteInfoEx::GetSystem(record.GetConstellation(false), false);
 }
 
 QString Column(const std::optional<int>& value) {
@@ -124,8 +130,8 @@ QByteArray EpochText(const Epoch& epoch) {
         QStringList snr;
         for (const auto& [slot, value] : s.SNR)
             snr << QStringLiteral("%1:%2").arg(slot).arg(value);
-        lines << row(pell::SatelliteName(s), pell::ConstellationName(pell::ConstellationOf(s)),
-                     Column(Azimuth(s)), Column(Elevation(s)),
+        const CSatelliteInfoEx record(s);
+        lines << row(record.GetSVN(), SystemName(record), Column(Azimuth(s)), Column(Elevation(s)),
                      s.SS == kStatusUsed ? QStringLiteral("yes") : QStringLiteral("no"),
                      snr.join(QLatin1Char(' ')));
     }
@@ -151,13 +157,14 @@ QByteArray EpochJson(const Epoch& epoch) {
         QJsonObject snr;
         for (const auto& [slot, value] : s.SNR)
             snr[QString::number(slot)] = value;
-        const auto number = pell::SatelliteNumber(s);
+        const CSatelliteInfoEx record(s);
+        const unsigned number = record.SatelliteNumber();
         const auto az = Azimuth(s);
         const auto el = Elevation(s);
         satellites.append(QJsonObject{
-            {QStringLiteral("id"), pell::SatelliteName(s)},
-            {QStringLiteral("system"), pell::ConstellationName(pell::ConstellationOf(s))},
-            {QStringLiteral("number"), number > 0 ? QJsonValue(number) : QJsonValue()},
+            {QStringLiteral("id"), record.GetSVN()},
+            {QStringLiteral("system"), SystemName(record)},
+            {QStringLiteral("number"), number < 255 ? QJsonValue(int(number)) : QJsonValue()},
             {QStringLiteral("usi"), s.USI},
             {QStringLiteral("azimuth"), az ? QJsonValue(*az) : QJsonValue()},
             {QStringLiteral("elevation"), el ? QJsonValue(*el) : QJsonValue()},

@@ -107,11 +107,12 @@ public:
     static bool LE(const CSatelliteInfoEx& a, const CSatelliteInfoEx& b, EColumn column,
                    bool ascending, bool mergeSAIF);
 
+    // The number shown after the system letter; 255 and above is unknown.
+    unsigned SatelliteNumber() const;
+
     std::uint32_t UpdateTick = 0; // tick (ms) of the last construction or update
     EConstellation Constellation = Unused;
 
 private:
-    // The number shown after the system letter; 255 and above is unknown.
-    unsigned SatelliteNumber() const;
     std::uint8_t SignalOf(int column) const;
 };
