@@ -44,8 +44,10 @@ SatelliteStatusTable ParseStatusRegistry(const QByteArray& xml) {
 }
 
 SatelliteStatusTable LoadStatusRegistry(const QString& path) {
+    // The shipped file has a few kilobytes; anything far larger is not a status registry.
+    constexpr qint64 kLargest = 1 << 20;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargest)
         return {};
     return ParseStatusRegistry(file.readAll());
 }

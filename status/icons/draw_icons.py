@@ -24,7 +24,7 @@ def green(level):
 BODY = green(255)          # the constellation's own colour
 PANEL = green(190)
 PANEL_GRID = green(120)
-HALO = green(110)          # the disc behind a used satellite: a darker shade
+HALO = green(150)          # the disc behind a used satellite: a darker shade
 
 # Template numbers by size: (normal, alternate).
 TEMPLATES = {16: (3114, 3795), 24: (3842, 3843), 32: (3448, 3796)}

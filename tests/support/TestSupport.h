@@ -1,9 +1,11 @@
 #pragma once
 
 #include "lib/MessagePresenter.h"
+#include "lib/Tick.h"
 
 #include <QString>
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -62,6 +64,28 @@ public:
 private:
     std::shared_ptr<RecordingPresenter> m_presenter;
     std::shared_ptr<IMessagePresenter> m_previous;
+};
+
+// Replaces the library's tick count with one the test sets, for the lifetime of the object.
+class ScopedTick {
+public:
+    explicit ScopedTick(std::uint32_t now = 0)
+        : m_source(std::make_shared<Source>()), m_previous(pell::SetTickSource(m_source)) {
+        m_source->now = now;
+    }
+    ~ScopedTick() { pell::SetTickSource(m_previous); }
+    ScopedTick(const ScopedTick&) = delete;
+    ScopedTick& operator=(const ScopedTick&) = delete;
+    void Set(std::uint32_t now) { m_source->now = now; }
+    void Advance(std::uint32_t ms) { m_source->now += ms; }
+
+private:
+    struct Source final : ITickSource {
+        std::uint32_t Now() override { return now; }
+        std::uint32_t now = 0;
+    };
+    std::shared_ptr<Source> m_source;
+    std::shared_ptr<ITickSource> m_previous;
 };
 
 } // namespace pell::test
