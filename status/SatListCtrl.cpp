@@ -188,6 +188,8 @@ CSatListCtrl::CSatListCtrl(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(
         std::max(CSatelliteImageLib::GetImageSize().height() + 4, fontMetrics().height() + 6));
+    horizontalHeader()->setMinimumSectionSize(
+        fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 16);
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     horizontalHeader()->setSortIndicatorShown(true);

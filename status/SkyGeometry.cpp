@@ -32,10 +32,11 @@ int MaskRadius(unsigned radius, double maskDeg) {
     return static_cast<int>(radius * (90.0 - maskDeg) / 90.0);
 }
 
-std::vector<QPointF> Track(const TrackRequest& request, bool future) {
-    std::vector<QPointF> points{request.start};
+TrackLine Track(const TrackRequest& request, bool future) {
+    TrackLine track{{request.start}, 0};
+    std::vector<QPointF>& points = track.points;
     if (!request.almanacs)
-        return points;
+        return track;
     std::int64_t step = kTrackFirstStepMs;
     std::int64_t offset = 0; // ms from the reference moment
     double previousElevation = request.startElevationRad;
@@ -53,12 +54,13 @@ std::vector<QPointF> Track(const TrackRequest& request, bool future) {
         const QPointF delta = point - points.back();
         const double d2 = delta.x() * delta.x() + delta.y() * delta.y();
         points.push_back(point);
+        track.endOffsetMs = offset;
         if (d2 < 100.0)
             step = step * 3 / 2;
         else if (d2 > 400.0)
             step = step * 2 / 3;
     }
-    return points;
+    return track;
 }
 
 } // namespace pell::sky

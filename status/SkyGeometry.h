@@ -43,7 +43,11 @@ struct TrackRequest {
     QPointF start;
     double startElevationRad = 0.0;
 };
-PELL_EXPORT std::vector<QPointF> Track(const TrackRequest& request, bool future);
+struct TrackLine {
+    std::vector<QPointF> points;
+    std::int64_t endOffsetMs = 0; // the last point's moment, ms from the reference
+};
+PELL_EXPORT TrackLine Track(const TrackRequest& request, bool future);
 
 inline constexpr std::int64_t kTrackFirstStepMs = 300000;
 inline constexpr std::int64_t kTrackSpanMs = 86400000;

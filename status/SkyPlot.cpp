@@ -144,14 +144,24 @@ const QPixmap& CSkyPlot::Background() {
         painter.setPen(QPen(Qt::black, 1));
         painter.drawEllipse(centre, r, r);
     }
-    const QFontMetrics metrics = painter.fontMetrics();
+    // Ring labels a size smaller than the satellites' numbers, on a backing of their own so
+    // that they stay legible where eight of them sit close together.
+    QFont small = font();
+    small.setPointSizeF(font().pointSizeF() * 0.85);
+    painter.setFont(small);
+    const QFontMetrics metrics(small);
+    const QColor base = palette().color(QPalette::Base);
     for (const pell::sky::Ring& ring : pell::sky::Rings(radius, ScaleFactor())) {
         painter.setPen(QPen(QColor(128, 128, 128), 1));
+        painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(centre, ring.radius, ring.radius);
+    }
+    for (const pell::sky::Ring& ring : pell::sky::Rings(radius, ScaleFactor())) {
         const QString label = QString::asprintf("%d°", ring.elevationDeg);
-        const int width = metrics.horizontalAdvance(label) + 4;
-        const QRectF box(centre.x() - ring.radius - width / 2.0, centre.y(), width,
+        const int width = metrics.horizontalAdvance(label) + 2;
+        const QRectF box(centre.x() - ring.radius - width / 2.0, centre.y() + 1, width,
                          metrics.height());
+        painter.fillRect(box, base);
         painter.setPen(QColor(96, 96, 96));
         painter.drawText(box, Qt::AlignCenter, label);
     }
@@ -240,6 +250,8 @@ void CSkyPlot::DrawSatellites(QPainter& painter) {
         const int width = metrics.horizontalAdvance(label) + 4;
         const QRectF box(placed.position.x() - width / 2.0,
                          placed.position.y() + icon.height() / 2.0, width, metrics.height());
+        // A veil under the number keeps it legible over the tracks and the rings.
+        painter.fillRect(box.adjusted(1, 1, -1, -1), QColor(255, 255, 255, 200));
         painter.setPen(IconColor(constellation, 0.8));
         painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop, label);
     }
@@ -259,7 +271,7 @@ void CSkyPlot::DrawTrack(QPainter& painter, const CSatelliteInfoEx& satellite, Q
                                           elevationDeg / kDegreesPerRadian};
     const QRgb colour = CSatelliteImageLib::GetIconColor(satellite.GetConstellation(false), 1.0);
     for (const bool future : {false, true}) {
-        const std::vector<QPointF> points = pell::sky::Track(request, future);
+        const std::vector<QPointF> points = pell::sky::Track(request, future).points;
         if (points.size() < 2)
             continue;
         const QRgb pen = pell::MixColors(colour, qRgb(255, 255, 255), future ? 255 : 64);
