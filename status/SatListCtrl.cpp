@@ -55,7 +55,7 @@ public:
         }
         painter->setPen(option.palette.color(QPalette::Text));
         painter->setFont(option.font);
-        const auto alignment = index.column() == 0 ? Qt::AlignLeft : Qt::AlignRight;
+        const auto alignment = index.column() == 0 ? Qt::AlignLeft : Qt::AlignHCenter;
         painter->drawText(text, alignment | Qt::AlignVCenter,
                           index.data(Qt::DisplayRole).toString());
         painter->restore();
@@ -190,7 +190,8 @@ CSatListCtrl::CSatListCtrl(QWidget* parent) : QTableView(parent) {
         std::max(CSatelliteImageLib::GetImageSize().height() + 4, fontMetrics().height() + 6));
     horizontalHeader()->setMinimumSectionSize(
         fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 16);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // The columns share the width; narrower than their minimum, the list scrolls sideways.
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setSectionsClickable(true);
