@@ -11,8 +11,8 @@
 #include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
-#include <QTest>
 #include <QSlider>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
