@@ -98,7 +98,7 @@ void CStatusSatPlotPP::OnInitDialog() {
     CPellPropertyPage::OnInitDialog();
     ReadAlmanacs();
     // After the sheet is on screen: a receiver that never answers delays nothing.
-    QTimer::singleShot(0, this, [this] { RunUserAction([this] { ReadElevationMask(); }); });
+    QTimer::singleShot(0, this, &CStatusSatPlotPP::ReadElevationMask);
 }
 
 void CStatusSatPlotPP::OnMomentChanged(int steps) {
@@ -150,11 +150,9 @@ void CStatusSatPlotPP::ReadElevationMask() {
         if (number)
             m_plot->SetElevationMask(mask);
     } catch (const ulm_std::CWinException& error) {
-        // A receiver that speaks only NMEA never answers: the plot goes on without a mask.
-        if (error.GetErrorCode() == pell::ERROR_TIMEOUT)
-            m_askMask = false;
-        else if (error.GetErrorCode() != pell::ERROR_BUSY)
-            throw;
+        // A receiver that speaks only NMEA never answers, and a mask is not worth a message: the
+        // plot goes on without one. Busy: another command of the window waits; ask next time.
+        m_askMask = error.GetErrorCode() == pell::ERROR_BUSY;
     } catch (const ulm_std::CCommException&) {
         // A receiver without the parameter has no mask to show.
         m_askMask = false;
