@@ -243,6 +243,9 @@ void CSkyPlot::DrawSatellites(QPainter& painter) {
     for (const Placed& placed : m_placed) {
         const CSatelliteInfoEx& satellite = m_satellites[placed.index];
         const EConstellation constellation = satellite.GetConstellation(false);
+        // A satellite the receiver no longer reports fades here as its row does in the list.
+        const int age = m_prediction ? 0 : satellite.GetAge();
+        painter.setOpacity(age <= 1000 ? 1.0 : std::max(0.3, 1.0 - (age - 1000) / 10000.0));
         const QPoint topLeft(std::lround(placed.position.x() - icon.width() / 2.0),
                              std::lround(placed.position.y() - icon.height() / 2.0));
         m_images.Draw(painter, topLeft, constellation, satellite.SS, satellite.Scintillation != 0);
@@ -255,6 +258,7 @@ void CSkyPlot::DrawSatellites(QPainter& painter) {
         painter.setPen(IconColor(constellation, 0.8));
         painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop, label);
     }
+    painter.setOpacity(1.0);
 }
 
 void CSkyPlot::DrawTrack(QPainter& painter, const CSatelliteInfoEx& satellite, QPointF at,
