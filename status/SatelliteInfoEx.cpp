@@ -213,7 +213,7 @@ QString CSatelliteInfoEx::GetNN() const {
 QString CSatelliteInfoEx::GetElevation() const {
     if (Elevation < -90 || Elevation > 90)
         return kUnknown;
-    const QString degrees = QString::number(Elevation);
+    QString degrees = QString::number(Elevation);
     if (ElevationMark == 0)
         return degrees;
     char mark = ' ';

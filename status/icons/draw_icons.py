@@ -22,9 +22,10 @@ def green(level):
 
 
 BODY = green(255)          # the constellation's own colour
+CORE = green(150)          # a used satellite's body, darker than its disc
 PANEL = green(190)
 PANEL_GRID = green(120)
-HALO = green(150)          # the disc behind a used satellite: a darker shade
+HALO = green(255)          # the disc behind a used satellite
 
 # Template numbers by size: (normal, alternate).
 TEMPLATES = {16: (3114, 3795), 24: (3842, 3843), 32: (3448, 3796)}
@@ -120,7 +121,7 @@ def satellite(c, size, used, shift):
     if used:
         c.rect(dx0, dy0, dx1, dy1, OUTLINE)
         c.rect(bx0, by0, bx1, by1, OUTLINE)
-        c.rect(bx0 + 1, by0 + 1, bx1 - 1, by1 - 1, BODY)
+        c.rect(bx0 + 1, by0 + 1, bx1 - 1, by1 - 1, CORE)
     else:
         c.rect(dx0, dy0, dx1, dy1, BODY)
         c.rect(bx0, by0, bx1, by1, BODY)
