@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QSlider>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTextStream>
@@ -76,6 +77,10 @@ void SaveStatusSheet(Shooter& shooter, rxsim::CSimulator& simulator, MainWindow&
     Settle(4000);
     sheet.SetActivePage(0);
     shooter.SaveBothSizes(sheet, QStringLiteral("status-sky-plot"));
+    QSlider& moment = sheet.PlotPage().MomentSlider();
+    moment.setValue(3 * 60 / CStatusSatPlotPP::kSlideStepMinutes);
+    shooter.Save(sheet, QStringLiteral("status-sky-plot-in-3-hours"), kDesktop);
+    moment.setValue(0);
     sheet.SetActivePage(1);
     shooter.SaveBothSizes(sheet, QStringLiteral("status-satellites"));
     sheet.close();

@@ -10,7 +10,7 @@ CReceiverStatusPS::CReceiverStatusPS(std::shared_ptr<rxio::IReceiver> receiver, 
     : CPellPropertySheet(receiver, g_PellLibApp.XLoadString(pell::ids::StatusSheet), parent),
       m_sky(std::make_shared<CLiveSky>()),
       m_plotPage(new CPellWindow<CStatusSatPlotPP>(receiver, m_sky)),
-      m_listPage(new CPellWindow<CStatusSatListPP>(receiver, m_sky)) {
+      m_listPage(new CPellWindow<CStatusSatListPP>(std::move(receiver), m_sky)) {
     AddPage(m_plotPage);
     AddPage(m_listPage);
 }

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QTextOption>
 #include <algorithm>
 #include <map>
 
@@ -55,9 +56,10 @@ public:
         }
         painter->setPen(option.palette.color(QPalette::Text));
         painter->setFont(option.font);
-        const auto alignment = index.column() == 0 ? Qt::AlignLeft : Qt::AlignHCenter;
-        painter->drawText(text, alignment | Qt::AlignVCenter,
-                          index.data(Qt::DisplayRole).toString());
+        const Qt::Alignment alignment =
+            (index.column() == 0 ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter;
+        painter->drawText(QRectF(text), index.data(Qt::DisplayRole).toString(),
+                          QTextOption(alignment));
         painter->restore();
     }
 

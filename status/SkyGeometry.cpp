@@ -44,7 +44,8 @@ TrackLine Track(const TrackRequest& request, bool future) {
         offset += future ? step : -step;
         if (offset > kTrackSpanMs || offset < -kTrackSpanMs)
             break;
-        const rxio::GpsTime moment(request.reference.Seconds() + offset / 1000.0);
+        const rxio::GpsTime moment(request.reference.Seconds() +
+                                   static_cast<double>(offset) / 1000.0);
         const auto direction =
             request.almanacs->CalculateAZ_EL(request.usi, moment, request.observer);
         if (!direction || direction->elevation <= 0.0 || direction->elevation == previousElevation)

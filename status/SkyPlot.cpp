@@ -9,7 +9,6 @@
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <cmath>
 #include <numbers>
 
@@ -112,7 +111,8 @@ int CSkyPlot::LabelMargin() const {
 }
 
 QPointF CSkyPlot::Centre() const {
-    return QPointF(width() / 2, height() / 2);
+    // On a whole pixel, so that the diameters are crisp one-pixel lines.
+    return QPointF(QPoint(width() / 2, height() / 2));
 }
 
 unsigned CSkyPlot::Radius() const {
@@ -246,8 +246,9 @@ void CSkyPlot::DrawSatellites(QPainter& painter) {
         // A satellite the receiver no longer reports fades here as its row does in the list.
         const int age = m_prediction ? 0 : satellite.GetAge();
         painter.setOpacity(age <= 1000 ? 1.0 : std::max(0.3, 1.0 - (age - 1000) / 10000.0));
-        const QPoint topLeft(std::lround(placed.position.x() - icon.width() / 2.0),
-                             std::lround(placed.position.y() - icon.height() / 2.0));
+        const QPoint topLeft(
+            static_cast<int>(std::lround(placed.position.x() - icon.width() / 2.0)),
+            static_cast<int>(std::lround(placed.position.y() - icon.height() / 2.0)));
         m_images.Draw(painter, topLeft, constellation, satellite.SS, satellite.Scintillation != 0);
         const QString label = satellite.GetSVN();
         const int width = metrics.horizontalAdvance(label) + 4;
