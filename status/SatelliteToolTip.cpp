@@ -47,7 +47,10 @@ void CSatelliteToolTip::SetSatellite(const CSatelliteInfoEx& satellite,
                     satellite.Scintillation != 0);
     }
     m_icon->setPixmap(icon);
-    m_title->setText(QStringLiteral("%1 %2").arg(satellite.GetSystemX(), satellite.GetSVN()));
+    // The long name: a tip has the room the list's columns lack.
+    m_title->setText(QStringLiteral("%1 %2").arg(
+        CSatelliteInfoEx::GetSystemX(satellite.GetConstellation(false), false),
+        satellite.GetSVN()));
     QStringList lines{
         g_PellLibApp.XLoadString(pell::ids::StatusElevation).arg(satellite.GetElevation()),
         g_PellLibApp.XLoadString(pell::ids::StatusAzimuth).arg(satellite.GetAzimuth())};

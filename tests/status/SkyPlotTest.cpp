@@ -1,6 +1,7 @@
 #include "status/SkyPlot.h"
 
 #include "Sky.h"
+#include "TestSupport.h"
 #include "status/SkyGeometry.h"
 
 #include <QImage>
@@ -159,6 +160,49 @@ TEST(SkyPlotTest, TheTimeLabelCountsFromNow) {
     EXPECT_EQ(CSkyPlot::PredictionLabel(-(2 * 60 + 30) * 60000LL),
               QStringLiteral("Time:\r\n-02:30"));
     EXPECT_EQ(CSkyPlot::PredictionLabel(12 * 3600000LL), QStringLiteral("Time:\r\n+12:00"));
+}
+
+TEST(SkyPlotTest, TheToolTipExplainsTheSatellite) {
+    pell::test::ScopedEnglish english;
+    struct Case {
+        std::uint8_t usi;
+        std::uint8_t nn;
+        std::uint8_t scintillation;
+        QStringList lines; // that the tip holds
+        QStringList absent;
+    };
+    const QString warning = QStringLiteral("This SV is experiencing ionospheric scintillations");
+    const QString channel = QStringLiteral("Frequency channel");
+    const Case cases[] = {
+        {12,
+         255,
+         0,
+         {QStringLiteral("GPS G12"), QStringLiteral("Elevation: 45°")},
+         {warning, channel}},
+        {38,
+         5,
+         0,
+         {QStringLiteral("GLONASS R5"), QStringLiteral("Frequency channel: -7")},
+         {warning}},
+        {75, 255, 1, {QStringLiteral("Galileo E5"), warning}, {channel}},
+    };
+    CSatelliteImageLib images;
+    CSatelliteToolTip tip;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.usi);
+        SatelliteInfo info;
+        info.USI = c.usi;
+        info.NN = c.nn;
+        info.Scintillation = c.scintillation;
+        info.Elevation = 45;
+        info.Azimuth = 200;
+        info.SS = 0;
+        tip.SetSatellite(CSatelliteInfoEx(info), images);
+        for (const QString& line : c.lines)
+            EXPECT_TRUE(tip.Text().contains(line)) << tip.Text().toStdString();
+        for (const QString& line : c.absent)
+            EXPECT_FALSE(tip.Text().contains(line)) << tip.Text().toStdString();
+    }
 }
 
 TEST(SkyPlotTest, TracksEndAtTheHorizonAtADayOrWithoutAnAlmanac) {
