@@ -27,6 +27,11 @@ double GetScaleFactor() {
     return std::max(factor, 1.0);
 }
 
+double GetDevicePixelRatio() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->devicePixelRatio() : 1.0;
+}
+
 int FindAppropriateIconSize(std::span<const int> candidates, int requested) {
     int best = requested;
     int bestDistance = -1;

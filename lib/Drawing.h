@@ -16,6 +16,10 @@ PELL_EXPORT QRgb MixColors(QRgb a, QRgb b, unsigned char weight);
 // (CPellGlobalSettings). At least 1.
 PELL_EXPORT double GetScaleFactor();
 
+// Device pixels per painter pixel on the primary screen (Qt's own high-DPI scaling); 1 without
+// a screen.
+PELL_EXPORT double GetDevicePixelRatio();
+
 // The candidate nearest to `requested`; of two equally near, the smaller, which stays crisp.
 // `requested` itself when there are no candidates.
 PELL_EXPORT int FindAppropriateIconSize(std::span<const int> candidates, int requested);

@@ -24,7 +24,7 @@ public:
 // The current tick of the source in use.
 PELL_EXPORT std::uint32_t GetTickCount();
 // Installs `source` (null restores the steady clock) and returns the one it replaces. Tests use
-// it to step time by hand.
+// it to step time by hand, while no other thread reads the tick.
 PELL_EXPORT std::shared_ptr<ITickSource> SetTickSource(std::shared_ptr<ITickSource> source);
 
 } // namespace pell

@@ -14,27 +14,25 @@ constexpr int kConstellations = 10; // Unused..Reserved
 constexpr QRgb kWhite = qRgb(255, 255, 255);
 constexpr QRgb kGrey = qRgb(128, 128, 128);
 constexpr QRgb kMagenta = qRgb(255, 0, 255);
+constexpr std::array<int, 3> kIconSizes{16, 24, 32};
 
-// By constellation; Unused and unknown values differ between the two: a white background, a
-// grey icon.
-constexpr std::array<QRgb, kConstellations> kBackground{
-    kWhite,
-    qRgb(0, 215, 0),    // GPS
-    qRgb(255, 191, 20), // GLONASS
-    qRgb(0, 255, 255),  // Galileo
-    qRgb(254, 0, 254),  // BeiDou
-    qRgb(128, 0, 128),  // SBAS
-    qRgb(128, 0, 128),  // SAIF
-    qRgb(0, 0, 255),    // QZSS
-    qRgb(128, 128, 128),
-    kWhite, // Reserved
+// GPS to Reserved (1..9). Unused and any other value have no colour of their own: a white
+// background, a grey icon.
+constexpr std::array<QRgb, kConstellations - 1> kColours{
+    qRgb(0, 215, 0),     // GPS
+    qRgb(255, 191, 20),  // GLONASS
+    qRgb(0, 255, 255),   // Galileo
+    qRgb(254, 0, 254),   // BeiDou
+    qRgb(128, 0, 128),   // SBAS
+    qRgb(128, 0, 128),   // SAIF
+    qRgb(0, 0, 255),     // QZSS
+    qRgb(128, 128, 128), // IRNSS
+    kWhite,              // Reserved
 };
 
 QRgb TableColour(EConstellation constellation, bool icon) {
-    if (constellation == CSatelliteInfoEx::Unused)
-        return icon ? kGrey : kWhite;
-    if (constellation > 0 && constellation < kConstellations)
-        return kBackground[constellation];
+    if (constellation >= 1 && constellation < kConstellations)
+        return kColours[static_cast<std::size_t>(constellation) - 1];
     return icon ? kGrey : kWhite;
 }
 
@@ -72,9 +70,8 @@ std::uint32_t KeyOf(EConstellation constellation, bool used, bool alternate) {
 CSatelliteImageLib::CSatelliteImageLib() = default;
 
 QSize CSatelliteImageLib::GetImageSize() {
-    constexpr std::array<int, 3> candidates{16, 24, 32};
     const int side =
-        pell::FindAppropriateIconSize(candidates, 16 * static_cast<int>(pell::GetScaleFactor()));
+        pell::FindAppropriateIconSize(kIconSizes, 16 * static_cast<int>(pell::GetScaleFactor()));
     return {side, side};
 }
 
@@ -112,6 +109,10 @@ bool CSatelliteImageLib::Initialize() {
         return true;
     m_built = true;
     m_size = GetImageSize();
+    // On a high-DPI screen the icons come from the template drawn for its pixels (a 16 pixel
+    // icon from the 32 pixel art at a ratio of 2), so they stay crisp instead of being stretched.
+    m_artSize = pell::FindAppropriateIconSize(kIconSizes,
+                                              qRound(m_size.width() * pell::GetDevicePixelRatio()));
     for (int value = 0; value < kConstellations; ++value) {
         const auto constellation = static_cast<EConstellation>(value);
         for (const bool used : {false, true}) {
@@ -128,11 +129,11 @@ bool CSatelliteImageLib::Initialize() {
 int CSatelliteImageLib::AddBitmap(std::vector<QImage>& list, EConstellation constellation,
                                   bool used, bool alternate) const {
     const QImage artwork(
-        QStringLiteral(":/pell/status/%1.png").arg(TemplateId(m_size.width(), alternate)));
+        QStringLiteral(":/pell/status/%1.png").arg(TemplateId(m_artSize, alternate)));
     if (artwork.isNull())
         return -1;
     const int width = artwork.width() / 2;
-    QImage icon = artwork.copy(used ? 0 : m_size.width(), 0, width, artwork.height())
+    QImage icon = artwork.copy(used ? 0 : m_artSize, 0, width, artwork.height())
                       .convertToFormat(QImage::Format_ARGB32);
     if (icon.isNull())
         return -1;
@@ -151,6 +152,7 @@ int CSatelliteImageLib::AddBitmap(std::vector<QImage>& list, EConstellation cons
             }
         }
     }
+    icon.setDevicePixelRatio(static_cast<double>(m_artSize) / m_size.width());
     list.push_back(std::move(icon));
     return static_cast<int>(list.size()) - 1;
 }

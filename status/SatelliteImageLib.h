@@ -46,7 +46,8 @@ private:
                   bool alternate) const;
 
     bool m_built = false;
-    QSize m_size;
+    QSize m_size;       // painter pixels
+    int m_artSize = 16; // device pixels: the template drawn for the screen
     std::vector<QImage> m_images;
     // Constellation in bits 0..15, used in bits 16..23, alternate style in bits 24..31.
     std::map<std::uint32_t, int> m_index;

@@ -1,3 +1,5 @@
+#include "lib/Drawing.h"
+#include "lib/PellGlobalSettings.h"
 #include "status/SatelliteImageLib.h"
 #include "status/SatelliteInfoEx.h"
 
@@ -40,6 +42,19 @@ TEST(SatelliteImageLib, ColourTables) {
         EXPECT_EQ(Lib::GetBkColor(constellation, c.factor), c.background) << c.constellation;
         EXPECT_EQ(Lib::GetIconColor(constellation, c.factor), c.icon) << c.constellation;
     }
+}
+
+// The user's own scaling ratio, truncated, picks the nearest icon size.
+TEST(SatelliteImageLib, IconSizeFollowsManualScaling) {
+    CPellGlobalSettings& settings = CPellGlobalSettings::Ref();
+    const std::pair<double, int> cases[] = {{1.0, 16}, {1.9, 16}, {2.0, 32}, {3.0, 32}, {0.5, 16}};
+    settings.EnableAutoScaling(false);
+    for (const auto& [ratio, side] : cases) {
+        settings.SetManualScalingRatio(ratio);
+        EXPECT_EQ(Lib::GetImageSize(), QSize(side, side)) << ratio;
+    }
+    settings.SetManualScalingRatio(1.0);
+    settings.EnableAutoScaling(true);
 }
 
 // What one template pixel becomes in a constellation's icon.
@@ -118,6 +133,24 @@ TEST(SatelliteImageLib, IndicesAndDrawing) {
         for (int x = 0; x < 16; ++x)
             ASSERT_EQ(unknown.pixel(x + 2, y + 3),
                       qAlpha(icon.pixel(x, y)) == 0 ? qRgb(1, 2, 3) : icon.pixel(x, y));
+}
+
+// ctest runs this once more with QT_SCALE_FACTOR=2 (tests/status/CMakeLists.txt).
+TEST(SatelliteImageLib, HighDpiIconsComeFromTheLargerArt) {
+    if (pell::GetDevicePixelRatio() != 2.0)
+        GTEST_SKIP() << "needs a device pixel ratio of 2";
+    Lib lib;
+    EXPECT_EQ(Lib::GetImageSize(), QSize(16, 16));
+    const int index = lib.GetImageIndx(Sat::QZSS, kNotUsed, true);
+    ASSERT_GE(index, 0);
+    const QImage& icon = lib.GetImageList()[static_cast<std::size_t>(index)];
+    EXPECT_EQ(icon.size(), QSize(32, 32));
+    EXPECT_EQ(icon.devicePixelRatio(), 2.0);
+    const QImage artwork =
+        QImage(QStringLiteral(":/pell/status/3796.png")).convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x)
+            ASSERT_EQ(icon.pixel(x, y), Expected(artwork.pixel(32 + x, y), Sat::QZSS));
 }
 
 } // namespace

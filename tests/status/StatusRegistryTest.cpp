@@ -55,6 +55,15 @@ TEST(StatusRegistry, Files) {
     file.write("<SatelliteNavigationStatusRegistry><Status ID=\"0\" Wings=\"true\"");
     file.close();
     EXPECT_TRUE(pell::LoadStatusRegistry(broken).empty());
+    // A good registry padded past 1 MiB is not read at all.
+    const QString huge = folder.filePath(QStringLiteral("huge.xml"));
+    QFile padded(huge);
+    ASSERT_TRUE(padded.open(QIODevice::WriteOnly));
+    padded.write("<SatelliteNavigationStatusRegistry><Status ID=\"0\" Wings=\"true\"/><!--");
+    padded.write(QByteArray(1 << 20, 'x'));
+    padded.write("--></SatelliteNavigationStatusRegistry>");
+    padded.close();
+    EXPECT_TRUE(pell::LoadStatusRegistry(huge).empty());
     EXPECT_TRUE(pell::LoadStatusRegistry(folder.filePath(QStringLiteral("none.xml"))).empty());
 
     const auto shipped = pell::LoadStatusRegistry(CPellLibApp::GetDataPath(
