@@ -96,9 +96,13 @@ QWidget* CStatusSatPlotPP::BuildLegend() {
 
 void CStatusSatPlotPP::OnInitDialog() {
     CPellPropertyPage::OnInitDialog();
-    ReadAlmanacs();
-    // After the sheet is on screen: a receiver that never answers delays nothing.
-    QTimer::singleShot(0, this, &CStatusSatPlotPP::ReadElevationMask);
+    // After the sheet is on screen, and the short read first: the almanacs' answer is long, and
+    // a receiver that speaks only NMEA, which never answers, is not asked for them at all.
+    QTimer::singleShot(0, this, [this] {
+        ReadElevationMask();
+        if (m_answers)
+            ReadAlmanacs();
+    });
 }
 
 void CStatusSatPlotPP::OnMomentChanged(int steps) {
@@ -153,6 +157,7 @@ void CStatusSatPlotPP::ReadElevationMask() {
         // A receiver that speaks only NMEA never answers, and a mask is not worth a message: the
         // plot goes on without one. Busy: another command of the window waits; ask next time.
         m_askMask = error.GetErrorCode() == pell::ERROR_BUSY;
+        m_answers = error.GetErrorCode() != pell::ERROR_TIMEOUT;
     } catch (const ulm_std::CCommException&) {
         // A receiver without the parameter has no mask to show.
         m_askMask = false;

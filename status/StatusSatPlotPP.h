@@ -50,4 +50,5 @@ private:
     QCheckBox* m_tracks;
     QLabel* m_note;
     bool m_askMask = true;
+    bool m_answers = true; // false once the receiver left a command unanswered
 };
