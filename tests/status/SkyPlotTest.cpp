@@ -156,6 +156,7 @@ TEST(SkyPlotTest, SatellitesStandWhereTheirDirectionPutsThem) {
 }
 
 TEST(SkyPlotTest, TheTimeLabelCountsFromNow) {
+    pell::test::ScopedEnglish english;
     EXPECT_EQ(CSkyPlot::PredictionLabel(0), QStringLiteral("Time:\r\n+00:00"));
     EXPECT_EQ(CSkyPlot::PredictionLabel(-(2 * 60 + 30) * 60000LL),
               QStringLiteral("Time:\r\n-02:30"));
