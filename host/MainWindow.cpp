@@ -4,6 +4,7 @@
 #include "AppIcon.h"
 #include "InProcess.h"
 #include "lib/PellLibDoc.h"
+#include "status/ReceiverStatusPS.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -101,6 +102,9 @@ void MainWindow::BuildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     QAction* quit = file->addAction(tr("E&xit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
+
+    QMenu* receiver = menuBar()->addMenu(tr("&Receiver"));
+    m_receiverStatus = receiver->addAction(tr("&Status…"), this, &MainWindow::ShowReceiverStatus);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -274,6 +278,7 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
+    m_receiverStatus->setEnabled(state == EState::Connected);
     OnIdentified();
 }
 
@@ -286,6 +291,16 @@ void MainWindow::OnIdentified() {
     show(m_firmware, identity.firmware);
     show(m_board, identity.board);
     show(m_serialNumber, identity.serialNumber);
+}
+
+std::shared_ptr<rxio::IReceiver> MainWindow::Receiver() const {
+    return m_connection.State() == Connection::EState::Connected ? m_connection.Receiver()
+                                                                 : nullptr;
+}
+
+void MainWindow::ShowReceiverStatus() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_ReceiverStatusPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowAbout() {

@@ -30,9 +30,12 @@ public:
     void ShowTarget(const ReceiverTarget& target);
     // Fills the connection fields with `target` and connects to it.
     void ConnectTo(const ReceiverTarget& target);
+    // The connected receiver; null while there is none.
+    std::shared_ptr<rxio::IReceiver> Receiver() const;
 
 public slots:
     void ShowAbout();
+    void ShowReceiverStatus();
 
 private:
     void BuildMenus();
@@ -55,6 +58,7 @@ private:
     QLineEdit* m_host = nullptr;
     QSpinBox* m_tcpPort = nullptr;
     QPushButton* m_connect = nullptr;
+    QAction* m_receiverStatus = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;
     QGroupBox* m_receiver = nullptr;

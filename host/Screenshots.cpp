@@ -4,10 +4,14 @@
 #include "MainWindow.h"
 #include "Model.h"
 #include "Simulator.h"
+#include "status/ReceiverStatusPS.h"
+#include "status/StatusSatPlotPP.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QSlider>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTextStream>
@@ -22,9 +26,9 @@ const QSize kHandheld(480, 640);
 const QSize kDesktop(760, 560);
 
 // Lets replies that are on their way (the receiver's identity) arrive first.
-void Settle() {
+void Settle(int ms = 300) {
     QEventLoop loop;
-    QTimer::singleShot(300, &loop, &QEventLoop::quit);
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
@@ -54,6 +58,33 @@ private:
     QDir m_folder;
     int m_failures = 0;
 };
+
+// The status sheet over the simulated sky with tracks on, one satellite fading: the receiver
+// stopped reporting it a few seconds ago.
+void SaveStatusSheet(Shooter& shooter, rxsim::CSimulator& simulator, MainWindow& window) {
+    CPellWindow<CReceiverStatusPS> sheet(window.Receiver(), &window);
+    sheet.resize(kDesktop);
+    sheet.show();
+    sheet.PlotPage().TracksBox().setChecked(true);
+    Settle(3000);
+    for (const auto& [usi, satellite] : sheet.Sky().Records()) {
+        if (satellite.GetConstellation(false) == rxio::ISatListListener::SatelliteInfo::GPS &&
+            satellite.Elevation > 20 && satellite.Elevation != 127) {
+            simulator.GetFaults().hiddenSatellites.insert(usi);
+            break;
+        }
+    }
+    Settle(4000);
+    sheet.SetActivePage(0);
+    shooter.SaveBothSizes(sheet, QStringLiteral("status-sky-plot"));
+    QSlider& moment = sheet.PlotPage().MomentSlider();
+    moment.setValue(3 * 60 / CStatusSatPlotPP::kSlideStepMinutes);
+    shooter.Save(sheet, QStringLiteral("status-sky-plot-in-3-hours"), kDesktop);
+    moment.setValue(0);
+    sheet.SetActivePage(1);
+    shooter.SaveBothSizes(sheet, QStringLiteral("status-satellites"));
+    sheet.close();
+}
 
 } // namespace
 
@@ -86,6 +117,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     shooter.SaveBothSizes(window, QStringLiteral("main-window-connecting"));
     Settle();
     shooter.SaveBothSizes(window, QStringLiteral("main-window"));
+    SaveStatusSheet(shooter, simulator, window);
     if (served)
         served->abort();
     Settle();

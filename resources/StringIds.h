@@ -89,5 +89,23 @@ constexpr unsigned SystemReserved = 61239;
 constexpr unsigned SystemGLONASSShort = 61240;
 constexpr unsigned SystemGalileoShort = 61241;
 constexpr unsigned SystemBeiDouShort = 61242;
+constexpr unsigned StatusSheet = 61300;
+constexpr unsigned StatusSkyPlotPage = 61301;
+constexpr unsigned StatusSatListPage = 61302;
+constexpr unsigned StatusTime = 61303;
+constexpr unsigned StatusNow = 61304;
+constexpr unsigned StatusShowTracks = 61305;
+constexpr unsigned StatusUsed = 61306;
+constexpr unsigned StatusNotUsed = 61307;
+constexpr unsigned StatusScintillation = 61308;
+constexpr unsigned StatusAllSystems = 61309;
+constexpr unsigned StatusElevation = 61310;
+constexpr unsigned StatusAzimuth = 61311;
+constexpr unsigned StatusCode = 61312;
+constexpr unsigned StatusFrequencyChannel = 61313;
+constexpr unsigned StatusMoment = 61314;
+constexpr unsigned StatusNoPosition = 61315;
+constexpr unsigned StatusNoAlmanac = 61316;
+constexpr unsigned StatusSystem = 61317;
 
 } // namespace pell::ids

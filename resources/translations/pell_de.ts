@@ -403,6 +403,96 @@
         <comment>61242</comment>
         <translation>BDS</translation>
     </message>
+    <message>
+        <source>Receiver Status</source>
+        <comment>61300</comment>
+        <translation>Empfängerstatus</translation>
+    </message>
+    <message>
+        <source>Sky Plot</source>
+        <comment>61301</comment>
+        <translation>Himmelsansicht</translation>
+    </message>
+    <message>
+        <source>Satellites</source>
+        <comment>61302</comment>
+        <translation>Satelliten</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <comment>61303</comment>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <comment>61304</comment>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Tracks</source>
+        <comment>61305</comment>
+        <translation>Bahnen</translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <comment>61306</comment>
+        <translation>Verwendet</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <comment>61307</comment>
+        <translation>Nicht verwendet</translation>
+    </message>
+    <message>
+        <source>This SV is experiencing ionospheric scintillations</source>
+        <comment>61308</comment>
+        <translation>Dieser Satellit ist ionosphärischer Szintillation ausgesetzt</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <comment>61309</comment>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Elevation: %1°</source>
+        <comment>61310</comment>
+        <translation>Elevation: %1°</translation>
+    </message>
+    <message>
+        <source>Azimuth: %1°</source>
+        <comment>61311</comment>
+        <translation>Azimut: %1°</translation>
+    </message>
+    <message>
+        <source>Status: %1</source>
+        <comment>61312</comment>
+        <translation>Status: %1</translation>
+    </message>
+    <message>
+        <source>Frequency channel: %1</source>
+        <comment>61313</comment>
+        <translation>Frequenzkanal: %1</translation>
+    </message>
+    <message>
+        <source>Shown moment, hours from now</source>
+        <comment>61314</comment>
+        <translation>Gezeigter Zeitpunkt, Stunden ab jetzt</translation>
+    </message>
+    <message>
+        <source>No position yet: the prediction needs the receiver&apos;s position.</source>
+        <comment>61315</comment>
+        <translation>Noch keine Position: Die Vorhersage braucht die Position des Empfängers.</translation>
+    </message>
+    <message>
+        <source>No almanacs: predictions and tracks need the receiver&apos;s almanacs.</source>
+        <comment>61316</comment>
+        <translation>Keine Almanache: Vorhersage und Bahnen brauchen die Almanache des Empfängers.</translation>
+    </message>
+    <message>
+        <source>System:</source>
+        <comment>61317</comment>
+        <translation>System:</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>
