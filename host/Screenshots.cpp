@@ -17,6 +17,7 @@
 #include <QTextStream>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 
 namespace dorrit {
 
@@ -52,6 +53,7 @@ public:
         Save(widget, name, kDesktop);
         Save(widget, name + QStringLiteral("-480x640"), kHandheld);
     }
+    void Fail() { ++m_failures; }
     int Failures() const { return m_failures; }
 
 private:
@@ -86,9 +88,50 @@ void SaveStatusSheet(Shooter& shooter, rxsim::CSimulator& simulator, MainWindow&
     sheet.close();
 }
 
+// Turns the event loop until `done` or `ms` have passed; whether it is done.
+bool SettleUntil(const std::function<bool()>& done, int ms) {
+    for (int waited = 0; !done(); waited += 100) {
+        if (waited >= ms)
+            return false;
+        Settle(100);
+    }
+    return true;
+}
+
+// The status sheet over the sky of the receiver the command line named, once it has sent one.
+void SaveSourceSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> model,
+                     const pell::ReceiverTarget& source) {
+    static constexpr int kWaitMs = 30000;
+    MainWindow window(std::move(model));
+    window.ConnectTo(source);
+    if (!SettleUntil([&] { return window.Receiver() != nullptr; }, kWaitMs)) {
+        QTextStream(stderr) << "could not connect to " << source.Describe() << '\n';
+        shooter.Fail();
+        return;
+    }
+    CPellWindow<CReceiverStatusPS> sheet(window.Receiver(), &window);
+    sheet.resize(kDesktop);
+    sheet.show();
+    sheet.PlotPage().TracksBox().setChecked(true);
+    if (!SettleUntil([&] { return !sheet.Sky().Records().empty(); }, kWaitMs)) {
+        QTextStream(stderr) << "no sky from " << source.Describe() << " within " << kWaitMs / 1000
+                            << " s\n";
+        shooter.Fail();
+        return;
+    }
+    // A second epoch, the elevation mask and the almanacs, when the receiver has them.
+    Settle(2500);
+    sheet.SetActivePage(0);
+    shooter.SaveBothSizes(sheet, QStringLiteral("source-status-sky-plot"));
+    sheet.SetActivePage(1);
+    shooter.SaveBothSizes(sheet, QStringLiteral("source-status-satellites"));
+    sheet.close();
+}
+
 } // namespace
 
-int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& folder) {
+int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& folder,
+                    const std::optional<pell::ReceiverTarget>& source) {
     QDir dir(folder);
     if (!dir.mkpath(QStringLiteral("."))) {
         QTextStream(stderr) << "cannot create " << folder << '\n';
@@ -127,6 +170,8 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     Settle();
     shooter.Save(about, QStringLiteral("about"));
     about.close();
+    if (source)
+        SaveSourceSheet(shooter, model, *source);
     return shooter.Failures();
 }
 

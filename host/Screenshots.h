@@ -1,7 +1,10 @@
 #pragma once
 
+#include "receiver/ReceiverTarget.h"
+
 #include <QString>
 #include <memory>
+#include <optional>
 
 namespace rxsim {
 class CModel;
@@ -10,7 +13,9 @@ class CModel;
 namespace dorrit {
 
 // Saves a PNG of every window the host can open, the main window in each connection state and
-// at a handheld's and a desktop's size, into `folder`; returns the number of failures.
-int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& folder);
+// at a handheld's and a desktop's size, into `folder`; with a `source`, also the status sheet
+// over that receiver's sky once its data have arrived. Returns the number of failures.
+int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& folder,
+                    const std::optional<pell::ReceiverTarget>& source = std::nullopt);
 
 } // namespace dorrit

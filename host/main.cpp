@@ -41,7 +41,10 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(dorrit::AppIcon());
     int result = 0;
     if (!commandLine.ScreenshotFolder().isEmpty()) {
-        result = dorrit::SaveScreenshots(model, commandLine.ScreenshotFolder()) == 0 ? 0 : 1;
+        result = dorrit::SaveScreenshots(model, commandLine.ScreenshotFolder(),
+                                         commandLine.Target()) == 0
+                     ? 0
+                     : 1;
     } else {
         dorrit::MainWindow window(model);
         if (commandLine.Target())

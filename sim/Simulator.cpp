@@ -322,10 +322,11 @@ void CSimulator::UpdateStream() {
 }
 
 void CSimulator::SendEpoch() {
-    // A pass-through belongs to the module behind it; a line still busy with the last epoch
-    // drops this one, as a receiver's full port does.
+    // A closed line takes nothing; a pass-through belongs to the module behind it; a line still
+    // busy with the last epoch drops this one, as a receiver's full port does.
     const QStringList sets = StreamedSets();
-    if (!m_device || sets.isEmpty() || InPassThrough() || !m_output.isEmpty())
+    if (!m_device || !m_device->isOpen() || sets.isEmpty() || InPassThrough() ||
+        !m_output.isEmpty())
         return;
     // Whole seconds, always forward, even when the timer fires twice within one second.
     const qint64 ms = std::max(m_clock().toMSecsSinceEpoch() / 1000 * 1000, m_lastEpochMs + 1000);
