@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
+#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -88,7 +89,8 @@ Exit status: 0 done, 1 sky: no sky arrived, 2 could not run.
 
 // A positive whole number of seconds, digits only.
 std::optional<int> Seconds(const QString& text) {
-    static constexpr int kMaxSeconds = 24 * 3600 * 365;
+    // The longest a timer's milliseconds can count: about 24 days.
+    static constexpr int kMaxSeconds = std::numeric_limits<int>::max() / 1000;
     if (text.isEmpty() || text.size() > 9 ||
         !std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); }))
         return std::nullopt;
@@ -141,7 +143,7 @@ int RunSky(QStringList arguments) {
         seconds = Seconds(parser.value(secondsOption));
         if (!seconds)
             return FailWithUsage(QStringLiteral("--seconds takes a whole number of seconds "
-                                                "from 1, not \"%1\".")
+                                                "from 1 to 2147483 (24 days), not \"%1\".")
                                      .arg(parser.value(secondsOption)),
                                  "sky ");
     }

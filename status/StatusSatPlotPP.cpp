@@ -72,10 +72,9 @@ CStatusSatPlotPP::CStatusSatPlotPP(std::shared_ptr<rxio::IReceiver> receiver,
         Refresh();
     });
     connect(m_sky.get(), &CLiveSky::changed, this, &CStatusSatPlotPP::Refresh);
-    connect(m_plot, &CSkyPlot::refreshDue, this, [this] {
-        ReadElevationMask();
-        Refresh();
-    });
+    // The mask is read once, when the sheet opens: a read on every refresh would wait behind the
+    // almanacs' long answer with the window held.
+    connect(m_plot, &CSkyPlot::refreshDue, this, &CStatusSatPlotPP::Refresh);
     m_plot->SetAlmanacs(GetReceiver() ? &GetReceiver()->Almanacs() : nullptr);
     Refresh();
 }
@@ -142,8 +141,7 @@ void CStatusSatPlotPP::Refresh() {
 
 void CStatusSatPlotPP::ReadElevationMask() {
     const std::shared_ptr<rxio::IReceiver>& receiver = GetReceiver();
-    if (!m_askMask || !receiver || !receiver->IsConnected() ||
-        CVexReceiverMate::IsPending(receiver.get()))
+    if (!receiver || !receiver->IsConnected() || CVexReceiverMate::IsPending(receiver.get()))
         return;
     CVexReceiverMate mate(receiver);
     mate.SetTimeout(kMaskTimeoutMs);
@@ -155,12 +153,10 @@ void CStatusSatPlotPP::ReadElevationMask() {
             m_plot->SetElevationMask(mask);
     } catch (const ulm_std::CWinException& error) {
         // A receiver that speaks only NMEA never answers, and a mask is not worth a message: the
-        // plot goes on without one. Busy: another command of the window waits; ask next time.
-        m_askMask = error.GetErrorCode() == pell::ERROR_BUSY;
+        // plot goes on without one.
         m_answers = error.GetErrorCode() != pell::ERROR_TIMEOUT;
     } catch (const ulm_std::CCommException&) {
         // A receiver without the parameter has no mask to show.
-        m_askMask = false;
     }
 }
 

@@ -49,6 +49,5 @@ private:
     QPushButton* m_now;
     QCheckBox* m_tracks;
     QLabel* m_note;
-    bool m_askMask = true;
     bool m_answers = true; // false once the receiver left a command unanswered
 };

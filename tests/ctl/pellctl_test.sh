@@ -80,6 +80,7 @@ expect 2 "needs --almanac" -- predict --at 2020-01-01T12:00:00Z --observer 1,2,3
 expect 2 "unknown command" -- skies
 expect 2 "Unknown simulator profile" -- sky --simulator=nope
 expect 2 "--seconds takes" -- sky --simulator --seconds 0
+expect 2 "--seconds takes" -- sky --simulator --seconds 2147484
 expect 2 "Choose one receiver" -- sky --simulator --connect tcp://127.0.0.1:1
 expect 0 "" -- --help
 expect 0 "" -- sky --help
