@@ -38,7 +38,8 @@ public:
 
     // The received record, its constellation taken from USI, stamped now.
     explicit CSatelliteInfoEx(const SatelliteInfo& info);
-    // An empty record of `constellation` (a list's placeholder row), stamped now.
+    // An empty record of `constellation` (the row a list shows for a constellation without
+    // satellites), stamped now.
     explicit CSatelliteInfoEx(EConstellation constellation);
 
     // Replaces every field with a newer report of the satellite and stamps it now.

@@ -48,7 +48,7 @@ TEST(SatelliteRecord, ConstellationNumberAndChannelFromUsi) {
         EXPECT_EQ(s.GetSVN(), QLatin1String(c.svn)) << int(c.usi);
         EXPECT_EQ(s.GetFCN(), QLatin1String(c.fcn)) << int(c.usi);
     }
-    // A placeholder row has no number whatever its constellation.
+    // An empty constellation row has no number whatever its constellation.
     EXPECT_EQ(Sat(Sat::Galileo).GetSVN(), QStringLiteral("E??"));
     EXPECT_EQ(Sat(Sat::Galileo).Constellation, Sat::Galileo);
 }
