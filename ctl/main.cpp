@@ -1,12 +1,18 @@
-// pellctl: the receiver's sky and the almanac's prediction, without windows.
+// pellctl: the receiver's sky, its settings and the almanac's prediction, without windows.
 #include "InProcess.h"
 #include "Model.h"
 #include "Predict.h"
 #include "Sky.h"
+#include "config/SettingsFile.h"
+#include "config/VexReceiverAccessor.h"
+#include "lib/Common.h"
+#include "lib/Exceptions.h"
 #include "lib/PellLibDoc.h"
 #include "receiver/Connection.h"
 #include "receiver/LiveData.h"
 #include "receiver/TargetOptions.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -16,12 +22,15 @@
 #include <cstdio>
 #include <limits>
 #include <stdexcept>
+#include <stop_token>
+#include <unistd.h>
 
 namespace {
 
 // Exit statuses, as docs/pellctl.md tells users.
 constexpr int kDone = 0;
 constexpr int kNothingArrived = 1;
+constexpr int kSomeFailed = 1;
 constexpr int kCouldNotRun = 2;
 
 volatile std::sig_atomic_t g_stopRequested = 0;
@@ -52,25 +61,36 @@ void Print(const QString& text) {
 }
 
 // The parser's help with the command in its usage line, not the program's path.
-void PrintHelp(const QCommandLineParser& parser, const char* command) {
+void PrintHelp(const QCommandLineParser& parser, const char* command,
+               const QStringList& positionals) {
     const QString help = parser.helpText();
-    Print(QStringLiteral("Usage: pellctl %1 [options]").arg(QLatin1String(command)) +
-          help.mid(help.indexOf(QLatin1Char('\n'))));
+    QString usage = QStringLiteral("Usage: pellctl %1 [options]").arg(QLatin1String(command));
+    for (const QString& positional : positionals)
+        usage += QLatin1Char(' ') + positional;
+    Print(usage + help.mid(help.indexOf(QLatin1Char('\n'))));
 }
 
-// Reads a command's options; the exit status when it ends there (help, or a mistake).
+// Reads a command's options and exactly the `positionals` it takes after them; the exit status
+// when it ends there (help, or a mistake).
 std::optional<int> Parse(QCommandLineParser& parser, const QStringList& arguments,
-                         const QCommandLineOption& help, const char* command) {
+                         const QCommandLineOption& help, const char* command,
+                         const QStringList& positionals = {}) {
     const QString hint = QLatin1String(command) + QLatin1Char(' ');
     if (!parser.parse(arguments))
         return FailWithUsage(parser.errorText(), qPrintable(hint));
     if (parser.isSet(help)) {
-        PrintHelp(parser, command);
+        PrintHelp(parser, command, positionals);
         return kDone;
     }
-    if (parser.positionalArguments().size() > 1)
+    const QStringList given = parser.positionalArguments().mid(1);
+    if (given.size() > positionals.size())
         return FailWithUsage(
-            QStringLiteral("unexpected argument \"%1\".").arg(parser.positionalArguments()[1]),
+            QStringLiteral("unexpected argument \"%1\".").arg(given[positionals.size()]),
+            qPrintable(hint));
+    if (given.size() < positionals.size())
+        return FailWithUsage(
+            QStringLiteral("%1 needs %2.")
+                .arg(QLatin1String(command), positionals.mid(given.size()).join(QLatin1Char(' '))),
             qPrintable(hint));
     return std::nullopt;
 }
@@ -81,10 +101,15 @@ The receiver's sky and the almanac's prediction, without windows.
 
 Commands:
   sky       connect to a receiver, ask for live data and print its sky once per epoch
+  export    save a receiver's settings to a JSON settings file
+  import    write the settings of a JSON settings file to a receiver
+  print     print one receiver parameter
+  set       set one receiver parameter to a value as the receiver prints it
   predict   print where the satellites of a YUMA or SEM almanac stand at a moment
 
 'pellctl COMMAND --help' tells a command's options.
-Exit status: 0 done, 1 sky: no sky arrived, 2 could not run.
+Exit status: 0 done, 1 sky: no sky arrived, export and import: some variables failed,
+print and set: the receiver refused, 2 could not run.
 )";
 
 // A positive whole number of seconds, digits only.
@@ -98,17 +123,29 @@ std::optional<int> Seconds(const QString& text) {
     return value >= 1 && value <= kMaxSeconds ? std::optional<int>(value) : std::nullopt;
 }
 
-int RunSky(QStringList arguments) {
-    std::shared_ptr<const rxsim::CModel> model;
+// The simulator's model, whose profiles --simulator names; nullptr after the error is told.
+std::shared_ptr<const rxsim::CModel> LoadModel() {
     try {
-        model = std::make_shared<const rxsim::CModel>(
+        return std::make_shared<const rxsim::CModel>(
             rxsim::CModel::Load(rxsim::CModel::DefaultFile()));
     } catch (const std::runtime_error& e) {
-        return Fail(QString::fromUtf8(e.what()));
+        Fail(QString::fromUtf8(e.what()));
+        return nullptr;
     }
+}
+
+QStringList ProfileNames(const rxsim::CModel& model) {
     QStringList profiles;
-    for (const rxsim::Profile& profile : model->Profiles())
+    for (const rxsim::Profile& profile : model.Profiles())
         profiles << profile.name;
+    return profiles;
+}
+
+int RunSky(QStringList arguments) {
+    const std::shared_ptr<const rxsim::CModel> model = LoadModel();
+    if (!model)
+        return kCouldNotRun;
+    const QStringList profiles = ProfileNames(*model);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -221,6 +258,302 @@ int RunSky(QStringList arguments) {
     return QCoreApplication::exec();
 }
 
+// A bar on standard error while a walk goes on, drawn only when standard error is a terminal:
+// a script's log gets nothing.
+class CProgressBar {
+public:
+    CProgressBar() : m_terminal(isatty(fileno(stderr)) != 0) {}
+    CProgressBar(const CProgressBar&) = delete;
+    CProgressBar& operator=(const CProgressBar&) = delete;
+    ~CProgressBar() { Clear(); }
+
+    void Show(int done, int total) {
+        if (!m_terminal || total <= 0)
+            return;
+        static constexpr int kWidth = 30;
+        const int filled = done * kWidth / total;
+        std::fprintf(stderr, "\r[%s%s] %d/%d", QByteArray(filled, '#').constData(),
+                     QByteArray(kWidth - filled, ' ').constData(), done, total);
+        std::fflush(stderr);
+        m_drawn = true;
+    }
+    // Erases the bar, so that a line written next starts at the margin.
+    void Clear() {
+        if (std::exchange(m_drawn, false)) {
+            std::fputs("\r\033[K", stderr);
+            std::fflush(stderr);
+        }
+    }
+
+private:
+    bool m_terminal;
+    bool m_drawn = false;
+};
+
+// What a receiver command does once connected: its exit status.
+using ReceiverWork =
+    std::function<int(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token stop)>;
+
+// Connects as any host (PreOpenPort before, PostClosePort after), runs `work` and closes the
+// port, whichever way it ends. SIGINT and SIGTERM request a stop through `work`'s token; a
+// command waiting for its reply ends with ERROR_CANCELLED.
+int WithReceiver(const std::shared_ptr<const rxsim::CModel>& model,
+                 const pell::ReceiverTarget& target, const ReceiverWork& work) {
+    pell::Connection connection(rxsim::InProcessReceivers(model));
+    std::stop_source stop;
+    int status = kCouldNotRun;
+    bool started = false;
+    bool finished = false;
+    const auto finish = [&](int result) {
+        finished = true;
+        status = result;
+        connection.Close();
+        QCoreApplication::exit();
+    };
+    QObject::connect(&connection, &pell::Connection::stateChanged, [&] {
+        // Once the work runs, its own commands tell a lost connection.
+        if (started || finished)
+            return;
+        const QString where = connection.Target().Describe();
+        switch (connection.State()) {
+        case pell::Connection::EState::Connected:
+            started = true;
+            // Not inside the connection's signal: the work waits for replies in its own loops.
+            QTimer::singleShot(0, [&] {
+                int result = kCouldNotRun;
+                try {
+                    result = work(connection.Receiver(), stop.get_token());
+                } catch (const ulm_std::CWinException& e) {
+                    result =
+                        Fail(e.GetErrorCode() == pell::ERROR_CANCELLED ? QStringLiteral("stopped.")
+                             : e.GetErrorCode() == pell::ERROR_DEV_NOT_EXIST
+                                 ? QStringLiteral("lost the connection to %1.").arg(where)
+                                 : e.GetErrorMessage());
+                }
+                finish(result);
+            });
+            break;
+        case pell::Connection::EState::Closed:
+            Fail(QStringLiteral("could not connect to %1: %2").arg(where, connection.Message()));
+            finish(kCouldNotRun);
+            break;
+        case pell::Connection::EState::Lost:
+            Fail(QStringLiteral("lost the connection to %1: %2").arg(where, connection.Message()));
+            finish(kCouldNotRun);
+            break;
+        case pell::Connection::EState::Connecting:
+            break;
+        }
+    });
+    std::signal(SIGINT, RequestStop);
+    std::signal(SIGTERM, RequestStop);
+    QTimer stopPoll;
+    QObject::connect(&stopPoll, &QTimer::timeout, [&] {
+        if (!g_stopRequested || stop.stop_requested())
+            return;
+        stop.request_stop();
+        if (!started && !finished) {
+            Fail(QStringLiteral("stopped before the receiver answered."));
+            finish(kCouldNotRun);
+        }
+    });
+    stopPoll.start(100);
+    QTimer::singleShot(0, [&] { connection.Open(target); });
+    QCoreApplication::exec();
+    return status;
+}
+
+// One row of a settings report: the variable's path, a tab, what became of it.
+void PrintRow(const QString& path, const QString& text) {
+    Print(path + QLatin1Char('\t') + text + QLatin1Char('\n'));
+}
+
+int Export(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token stop,
+           VOXA2JSON::Object& root, const QString& file) {
+    CVexReceiverAccessor accessor(receiver);
+    accessor.SetCancel(stop);
+    CProgressBar bar;
+    const VOXA2JSON::Progress progress = [&](int done, int total) {
+        bar.Show(done, total);
+        return !stop.stop_requested();
+    };
+    QString error;
+    bool exported = false;
+    try {
+        exported = VOXA2JSON::ExportSettings(root, accessor, file, progress, &error);
+    } catch (const ulm_std::CWinException& e) {
+        if (e.GetErrorCode() != pell::ERROR_CANCELLED)
+            throw;
+    }
+    bar.Clear();
+    if (!exported)
+        return Fail(error.isEmpty() ? QStringLiteral("stopped; %1 was not written.").arg(file)
+                                    : error);
+    // A variable this receiver does not have is no failure: one dictionary serves every model.
+    int failed = 0;
+    for (const VOXA2JSON::Variable* variable : VOXA2JSON::SelectedVariables(root))
+        if (!variable->Has(VOXA2JSON::WriteOnly) && !variable->error.isEmpty() &&
+            variable->Resolved()) {
+            PrintRow(variable->Path(), variable->error);
+            ++failed;
+        }
+    return failed ? kSomeFailed : kDone;
+}
+
+int Import(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token stop,
+           VOXA2JSON::Object& root) {
+    CVexReceiverAccessor accessor(receiver);
+    accessor.SetCancel(stop);
+    CProgressBar bar;
+    int done = 0;
+    int total = 0;
+    int failed = 0;
+    const auto report = [&](const VOXA2JSON::ImportRow& row) {
+        bar.Clear();
+        PrintRow(row.path, row.text);
+        failed += row.outcome == VOXA2JSON::EWriteOutcome::Failed;
+    };
+    const VOXA2JSON::Progress progress = [&](int count, int of) {
+        done = count;
+        total = of;
+        bar.Show(count, of);
+        return !stop.stop_requested();
+    };
+    bool finished = false;
+    try {
+        finished = VOXA2JSON::ImportSettings(root, accessor, report, progress);
+    } catch (const ulm_std::CWinException& e) {
+        if (e.GetErrorCode() != pell::ERROR_CANCELLED)
+            throw;
+    }
+    bar.Clear();
+    if (!finished)
+        return Fail(QStringLiteral("stopped after %1 of %2 variables; the rest were not written.")
+                        .arg(done)
+                        .arg(total));
+    return failed ? kSomeFailed : kDone;
+}
+
+// Runs one command line built before connecting; its reply on standard output, a refusal's
+// reply on standard error.
+int RunOne(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token stop,
+           const QString& command) {
+    CVexReceiverMate mate(receiver);
+    mate.SetCancel(std::move(stop));
+    try {
+        const QString reply = mate.Run(command);
+        Print(reply.isEmpty() ? reply : reply + QLatin1Char('\n'));
+        return kDone;
+    } catch (const ulm_std::CCommException& e) {
+        std::fprintf(stderr, "pellctl: %s\n", e.GetReply().toLocal8Bit().constData());
+        return kSomeFailed;
+    }
+}
+
+// export, import, print and set: a receiver, and what each does with it.
+int RunSettings(QStringList arguments, const QString& command) {
+    const std::shared_ptr<const rxsim::CModel> model = LoadModel();
+    if (!model)
+        return kCouldNotRun;
+    const bool isExport = command == QLatin1String("export");
+    const bool isImport = command == QLatin1String("import");
+    const bool isFile = isExport || isImport;
+    const QByteArray name = command.toLatin1();
+    const QString hint = command + QLatin1Char(' ');
+
+    QCommandLineParser parser;
+    const QStringList positionals =
+        isFile ? QStringList{QStringLiteral("FILE")}
+        : command == QLatin1String("set")
+            ? QStringList{QStringLiteral("PATH"), QStringLiteral("VALUE")}
+            : QStringList{QStringLiteral("PATH")};
+    static const std::map<QString, QString> descriptions = {
+        {QStringLiteral("export"),
+         QStringLiteral("Reads the receiver's settings that the dictionary names and saves them "
+                        "to FILE as compact JSON. Prints each variable that could not be read "
+                        "(path, tab, why). Exit status: 0 saved, 1 saved without some "
+                        "variables, 2 nothing saved.")},
+        {QStringLiteral("import"),
+         QStringLiteral("Writes the settings of FILE to the receiver, in the dictionary's order, "
+                        "and prints each variable's path, a tab and \"Successfully Imported\" or "
+                        "why not. Exit status: 0 all written, 1 some failed, 2 could not run.")},
+        {QStringLiteral("print"),
+         QStringLiteral("Prints the receiver parameter PATH as the receiver prints it. Exit "
+                        "status: 0 printed, 1 the receiver refused, 2 could not run.")},
+        {QStringLiteral("set"),
+         QStringLiteral("Sets the receiver parameter PATH to VALUE, written as print shows it "
+                        "(texts in double quotes); a VALUE starting with '-' goes after '--'. "
+                        "Exit status: 0 set, 1 the receiver refused, 2 could not run.")},
+    };
+    parser.setApplicationDescription(descriptions.at(command));
+    const QCommandLineOption help = parser.addHelpOption();
+    const pell::CTargetOptions targets(ProfileNames(*model));
+    targets.AddTo(parser);
+    const QCommandLineOption all(QStringLiteral("all"),
+                                 QStringLiteral("Also the settings left out by default."));
+    const QCommandLineOption dictionary(
+        QStringLiteral("dictionary"),
+        QStringLiteral("The settings dictionary (default: the library's)."),
+        QStringLiteral("FILE"));
+    if (isFile)
+        parser.addOptions({all, dictionary});
+    for (const QString& positional : positionals)
+        parser.addPositionalArgument(positional, {});
+
+    // The word after a bare --simulator may be the FILE or PATH.
+    targets.JoinSimulatorProfile(arguments, {QStringLiteral("--dictionary")}, true);
+    if (const std::optional<int> stop =
+            Parse(parser, arguments, help, name.constData(), positionals))
+        return *stop;
+    QString error;
+    const std::optional<pell::ReceiverTarget> target = targets.Read(parser, error);
+    if (!error.isEmpty())
+        return FailWithUsage(error, qPrintable(hint));
+    if (!target)
+        return FailWithUsage(
+            QStringLiteral("%1 needs a receiver: --simulator, --connect or --serial.").arg(command),
+            qPrintable(hint));
+    const QStringList values = parser.positionalArguments().mid(1);
+
+    if (!isFile) {
+        // Built before the port opens: a value that would not stay one command never leaves.
+        QString line;
+        try {
+            line = command == QLatin1String("set") ? pell::vexcmd::SetPrinted(values[0], values[1])
+                                                   : pell::vexcmd::Print(values[0]);
+        } catch (const ulm_std::CWinException& e) {
+            return Fail(e.GetErrorMessage());
+        }
+        return WithReceiver(model, *target, [&line](const auto& receiver, std::stop_token stop) {
+            return RunOne(receiver, std::move(stop), line);
+        });
+    }
+
+    const QString dictionaryFile =
+        parser.isSet(dictionary) ? parser.value(dictionary) : VOXA2JSON::Dictionary::DefaultPath();
+    const std::shared_ptr<VOXA2JSON::Object> root =
+        VOXA2JSON::Dictionary::Load(dictionaryFile, &error);
+    if (!root)
+        return Fail(QStringLiteral("%1: %2").arg(dictionaryFile, error));
+    VOXA2JSON::SelectDefaults(
+        *root, isExport ? VOXA2JSON::EDirection::Export : VOXA2JSON::EDirection::Import,
+        parser.isSet(all));
+    const QString file = values[0];
+    if (isExport)
+        return WithReceiver(model, *target, [&](const auto& receiver, std::stop_token stop) {
+            return Export(receiver, std::move(stop), *root, file);
+        });
+    // The file is read whole before the port opens: a broken one costs the receiver nothing.
+    const std::optional<VOXA2JSON::SettingsDocument> document =
+        VOXA2JSON::ReadSettingsFile(file, &error);
+    if (!document)
+        return Fail(QStringLiteral("%1: %2").arg(file, error));
+    VOXA2JSON::TakeValues(*root, *document);
+    return WithReceiver(model, *target, [&](const auto& receiver, std::stop_token stop) {
+        return Import(receiver, std::move(stop), *root);
+    });
+}
+
 int RunPredict(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
@@ -296,7 +629,11 @@ int main(int argc, char* argv[]) {
         return RunSky(arguments);
     if (command == QLatin1String("predict"))
         return RunPredict(arguments);
-    return FailWithUsage(command.isEmpty() ? QStringLiteral("which command: sky or predict?")
+    for (const char* settings : {"export", "import", "print", "set"})
+        if (command == QLatin1String(settings))
+            return RunSettings(arguments, command);
+    return FailWithUsage(command.isEmpty() ? QStringLiteral("which command: sky, export, "
+                                                            "import, print, set or predict?")
                                            : QStringLiteral("unknown command \"%1\".").arg(command),
                          "");
 }

@@ -30,7 +30,8 @@ void CTargetOptions::AddTo(QCommandLineParser& parser) const {
 
 // QCommandLineParser knows options that always or never take a value; "--simulator" takes one
 // only when a word that is not an option follows. As the value of another option it stays as is.
-void CTargetOptions::JoinSimulatorProfile(QStringList& arguments, const QStringList& valued) const {
+void CTargetOptions::JoinSimulatorProfile(QStringList& arguments, const QStringList& valued,
+                                          bool onlyProfiles) const {
     const auto takesNext = [&valued](const QString& argument) {
         return argument == QLatin1String("--connect") || argument == QLatin1String("--serial") ||
                valued.contains(argument);
@@ -42,8 +43,9 @@ void CTargetOptions::JoinSimulatorProfile(QStringList& arguments, const QStringL
         }
         if (arguments[i] != kSimulator)
             continue;
-        const bool named =
-            i + 1 < arguments.size() && !arguments[i + 1].startsWith(QLatin1Char('-'));
+        const bool named = i + 1 < arguments.size() &&
+                           !arguments[i + 1].startsWith(QLatin1Char('-')) &&
+                           (!onlyProfiles || m_profiles.contains(arguments[i + 1]));
         arguments[i] =
             kSimulator + QLatin1Char('=') + (named ? arguments.takeAt(i + 1) : QString());
     }

@@ -21,8 +21,11 @@ public:
     void AddTo(QCommandLineParser& parser) const;
     // Before parsing: "--simulator PROFILE" becomes "--simulator=PROFILE" when a word that is not
     // an option follows. `valued`: the program's other options that take the next argument, whose
-    // values stay as they are.
-    void JoinSimulatorProfile(QStringList& arguments, const QStringList& valued = {}) const;
+    // values stay as they are. `onlyProfiles`, for a program that takes words of its own after
+    // its options: only a profile's name is joined, so "--simulator FILE" is the default profile
+    // and FILE.
+    void JoinSimulatorProfile(QStringList& arguments, const QStringList& valued = {},
+                              bool onlyProfiles = false) const;
     // After parsing: the receiver chosen, or nothing; `error` is set when the options make no
     // sense (two receivers, an unknown profile, a malformed address).
     std::optional<ReceiverTarget> Read(const QCommandLineParser& parser, QString& error) const;
