@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # Runs the real pellctl: prediction against an independent computation, sky from a receiver that
-# speaks only NMEA (a replayed capture over TCP) and from the simulated one, and the error exits.
-# Usage: pellctl_test.sh PELLCTL DATA_DIR
+# speaks only NMEA (a replayed capture over TCP) and from the simulated one, settings export and
+# import against rxsim over TCP, and the error exits.
+# Usage: pellctl_test.sh PELLCTL DATA_DIR RXSIM
 set -uo pipefail
 pellctl=$1
 data=$2
+rxsim=$3
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -159,6 +161,100 @@ assert [s["id"] for s in sky].count("R??") == 1, sky
 assert any(s["used"] for s in sky) and not all(s["used"] for s in sky), sky
 assert epochs[-1]["fix"] != "none", epochs[-1]
 PY
+
+# --- settings: export, import, print and set against rxsim over TCP ---
+# Starts rxsim on a free port with a profile and its options; sets $target.
+listen() {
+    rm -f "$work/listen"
+    "$rxsim" --listen 127.0.0.1:0 --profile "$@" >"$work/listen" &
+    rxsim_pids+=("$!")
+    for _ in $(seq 50); do
+        [ -s "$work/listen" ] && break
+        sleep 0.1
+    done
+    target="tcp://$(head -1 "$work/listen" | sed 's/^listening on //')"
+}
+rxsim_pids=()
+trap 'kill "${rxsim_pids[@]}" 2>/dev/null; rm -rf "$work"' EXIT
+cat >"$work/dict.xml" <<'XML'
+<?xml version="1.0"?>
+<Objects>
+  <Object Name="Receiver" Attr="DONOTIMPORTBYDEFAULT">
+    <Variable Name="Model" Type="qstring" Attr="READONLY"><VOXA Parameter="rcv/model"/></Variable>
+  </Object>
+  <Object Name="Positioning">
+    <Variable Name="Mask" Type="integer"><VOXA Parameter="pos/elm"/></Variable>
+    <Variable Name="Pdop" Type="float"><VOXA Parameter="pos/pdop"/></Variable>
+    <Variable Name="Gps" Type="[boolean"><VOXA Parameter="pos/gps/sat" True="y" False="n"/></Variable>
+    <Variable Name="Heading" Type="string"><VOXA Parameter="pos/hd/mode"/></Variable>
+    <Variable Name="Baseline" Type="float"><VOXA Parameter="pos/hd/len"/></Variable>
+  </Object>
+  <Object Name="Network" Attr="DONOTEXPORTBYDEFAULT">
+    <Variable Name="AccessPoint" Type="qstring"><VOXA Parameter="wlan/ap/name"/></Variable>
+  </Object>
+</Objects>
+XML
+settings=(--dictionary "$work/dict.xml")
+listen pardo7
+expect 0 "" -- set --connect "$target" pos/elm 12
+expect 0 "" -- set --connect "$target" wlan/ap/name '"field \"7\", north"'
+expect 0 "" -- export --connect "$target" --all "${settings[@]}" "$work/a.json"
+[ ! -s "$work/out" ] || fail "export: a report without failures: $(cat "$work/out")"
+expect 0 "" -- print --connect "$target" wlan/ap/name
+[ "$(cat "$work/out")" = '"field \"7\", north"' ] || fail "print: $(cat "$work/out")"
+for change in "pos/elm -- -3" "pos/pdop 7.5" "pos/gps/sat {n,y,y}" "pos/hd/mode on" \
+    "wlan/ap/name \"\""; do
+    # shellcheck disable=SC2086 # the words of one change
+    expect 0 "" -- set --connect "$target" $change
+done
+expect 1 "value out of range" -- set --connect "$target" pos/elm 100
+expect 0 "" -- export --connect "$target" --all "${settings[@]}" "$work/changed.json"
+cmp -s "$work/a.json" "$work/changed.json" && fail "set changed nothing the export sees"
+# Network is left out of an import by default too; --all brings it.
+expect 0 "" -- import --connect "$target" --all "${settings[@]}" "$work/a.json"
+printf 'Positioning/%s\tSuccessfully Imported\n' Mask Pdop Gps Heading Baseline >"$work/rows"
+printf 'Network/AccessPoint\tSuccessfully Imported\n' >>"$work/rows"
+cmp -s "$work/rows" "$work/out" || fail "import rows: $(cat "$work/out")"
+expect 0 "" -- export --connect "$target" --all "${settings[@]}" "$work/b.json"
+cmp -s "$work/a.json" "$work/b.json" || fail "round trip: $(cat "$work/a.json") / $(cat "$work/b.json")"
+
+# A receiver without heading or Wi-Fi: listed as not applying, the rest written.
+listen lumen7
+expect 1 "" -- import --connect "$target" --all "${settings[@]}" "$work/a.json"
+for variable in Positioning/Heading Positioning/Baseline Network/AccessPoint; do
+    grep -qxF "$variable	This variable does not apply to the receiver." "$work/out" ||
+        fail "import into lumen7: $variable: $(cat "$work/out")"
+done
+grep -qxF "Positioning/Mask	Successfully Imported" "$work/out" || fail "import into lumen7: Mask"
+# Its own export leaves them out without a failure.
+expect 0 "" -- export --connect "$target" --all "${settings[@]}" "$work/lumen.json"
+
+echo 'not json' >"$work/broken.json"
+expect 2 "The specified file cannot be parsed." -- import --connect "$target" "${settings[@]}" "$work/broken.json"
+expect 2 "Invalid file format" -- export --connect "$target" --dictionary "$work/broken.json" "$work/x.json"
+expect 2 "cannot be written" -- export --connect "$target" "${settings[@]}" "$work/none/x.json"
+# Hostile values are refused before anything is sent; the receiver keeps its values.
+expect 0 "" -- print --connect "$target" pos/pdop
+pdop=$(cat "$work/out")
+for value in '7;set,pos/pdop,3' '"7;set,pos/pdop,3' $'7\rset,pos/pdop,3' $'7\nset,pos/pdop,3'; do
+    expect 2 "Building the receiver command" -- set --connect "$target" pos/elm "$value"
+done
+expect 0 "" -- print --connect "$target" pos/pdop
+[ "$(cat "$work/out")" = "$pdop" ] || fail "a hostile set reached the receiver"
+expect 1 "unknown path" -- print --connect "$target" no/such/path
+
+# Stopped while reading a slow receiver: nothing written, the earlier file intact.
+listen pardo7 --latency 300
+cp "$work/a.json" "$work/kept.json"
+"$pellctl" export --connect "$target" "${settings[@]}" "$work/kept.json" >/dev/null 2>"$work/err" &
+pellctl_pid=$!
+sleep 1
+kill -INT "$pellctl_pid"
+wait "$pellctl_pid"
+status=$?
+[ "$status" -eq 2 ] || fail "export stopped by SIGINT: exit $status: $(cat "$work/err")"
+grep -qF "was not written" "$work/err" || fail "export stopped by SIGINT: $(cat "$work/err")"
+cmp -s "$work/a.json" "$work/kept.json" || fail "export stopped by SIGINT: the earlier file changed"
 
 if [ "$failures" -ne 0 ]; then
     echo "$failures failed" >&2
