@@ -497,8 +497,6 @@ int RunSettings(QStringList arguments, const QString& command) {
         QStringLiteral("FILE"));
     if (isFile)
         parser.addOptions({all, dictionary});
-    for (const QString& positional : positionals)
-        parser.addPositionalArgument(positional, {});
 
     // The word after a bare --simulator may be the FILE or PATH.
     targets.JoinSimulatorProfile(arguments, {QStringLiteral("--dictionary")}, true);
