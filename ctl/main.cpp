@@ -363,9 +363,18 @@ int WithReceiver(const std::shared_ptr<const rxsim::CModel>& model,
     return status;
 }
 
+// Text from a dictionary or a receiver on one line of ours: its control characters (a tab or
+// a line feed that would split a row, an escape that would drive the terminal) become '?'.
+QString OneLine(QString text) {
+    for (QChar& c : text)
+        if (c.unicode() < 0x20 || c.unicode() == 0x7F)
+            c = QLatin1Char('?');
+    return text;
+}
+
 // One row of a settings report: the variable's path, a tab, what became of it.
 void PrintRow(const QString& path, const QString& text) {
-    Print(path + QLatin1Char('\t') + text + QLatin1Char('\n'));
+    Print(OneLine(path) + QLatin1Char('\t') + OneLine(text) + QLatin1Char('\n'));
 }
 
 int Export(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token stop,
@@ -445,7 +454,7 @@ int RunOne(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token sto
         Print(reply.isEmpty() ? reply : reply + QLatin1Char('\n'));
         return kDone;
     } catch (const ulm_std::CCommException& e) {
-        std::fprintf(stderr, "pellctl: %s\n", e.GetReply().toLocal8Bit().constData());
+        std::fprintf(stderr, "pellctl: %s\n", OneLine(e.GetReply()).toLocal8Bit().constData());
         return kSomeFailed;
     }
 }
