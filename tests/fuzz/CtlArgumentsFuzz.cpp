@@ -1,12 +1,36 @@
 // Any text typed as pellctl's --at or --observer is refused or gives a moment or a place in
-// range that reads back the same when written out again.
+// range that reads back the same when written out again. Typed as the PATH of print or the
+// VALUE of set, it is refused or gives one command as the simulated receiver splits a line,
+// with no control character that would end the line on the wire.
 #include "Predict.h"
+#include "ReceiverState.h"
+#include "lib/Exceptions.h"
+#include "receiver/VexCommands.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <numbers>
+
+namespace {
+
+void CheckOneCommand(const std::function<QString()>& compose) {
+    QString command;
+    try {
+        command = compose();
+    } catch (const ulm_std::CWinException&) {
+        return;
+    }
+    if (rxsim::CReceiverState::SplitCommands(command).size() != 1 ||
+        std::any_of(command.begin(), command.end(),
+                    [](QChar c) { return c.unicode() < 0x20 || c.unicode() == 0x7F; }))
+        std::abort();
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QString text =
@@ -31,5 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abs(again->height - place->height) > 1e-6)
             std::abort();
     }
+    CheckOneCommand([&text] { return pell::vexcmd::Print(text); });
+    CheckOneCommand([&text] { return pell::vexcmd::SetPrinted(QStringLiteral("pos/elm"), text); });
     return 0;
 }
