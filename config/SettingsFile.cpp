@@ -37,24 +37,4 @@ std::optional<SettingsDocument> ReadSettingsFile(const QString& path, QString* e
     return document;
 }
 
-bool ImportSettings(Object& root, ReceiverAccessor& accessor,
-                    const std::function<void(const ImportRow&)>& report, const Progress& progress) {
-    const std::vector<Variable*> variables = SelectedVariables(root);
-    const int total = int(variables.size());
-    if (progress && !progress(0, total))
-        return false;
-    for (int i = 0; i < total; ++i) {
-        Variable& variable = *variables[i];
-        const EWriteOutcome outcome = WriteVariable(variable, accessor);
-        if (outcome != EWriteOutcome::Skipped && report)
-            report({variable.Path(), outcome,
-                    outcome == EWriteOutcome::Written
-                        ? g_PellLibApp.XLoadString(pell::ids::SettingsImported)
-                        : variable.error});
-        if (progress && !progress(i + 1, total))
-            return false;
-    }
-    return true;
-}
-
 } // namespace VOXA2JSON

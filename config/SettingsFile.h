@@ -5,7 +5,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <functional>
 #include <optional>
 
 namespace VOXA2JSON {
@@ -24,21 +23,5 @@ PELL_EXPORT bool ExportSettings(Object& root, ReceiverAccessor& accessor, const 
 // `error` when it cannot be read whole, is larger than SettingsDocument::kMaxBytes or is not
 // a settings document.
 PELL_EXPORT std::optional<SettingsDocument> ReadSettingsFile(const QString& path, QString* error);
-
-// One row of an import's report: a variable written, or one that failed and why.
-struct PELL_EXPORT ImportRow {
-    QString path; // the names from the root's child down, joined by "/"
-    EWriteOutcome outcome = EWriteOutcome::Written;
-    QString text; // "Successfully Imported", or the variable's error
-};
-
-// An import: writes each selected variable of `root` in tree order (values taken from a file
-// with TakeValues) and reports a row for each one written or failed; a variable with nothing to
-// write (no value in the file, READONLY) gets no row, as it is no failure. `progress` counts
-// every selected variable and may stop the walk between two of them: false then. A cancel
-// request or a lost connection leaves through the accessor's exception, the rows so far told.
-PELL_EXPORT bool ImportSettings(Object& root, ReceiverAccessor& accessor,
-                                const std::function<void(const ImportRow&)>& report,
-                                const Progress& progress = {});
 
 } // namespace VOXA2JSON

@@ -4,6 +4,7 @@
 #include "Predict.h"
 #include "Sky.h"
 #include "config/SettingsFile.h"
+#include "config/SettingsImport.h"
 #include "config/VexReceiverAccessor.h"
 #include "lib/Common.h"
 #include "lib/Exceptions.h"
@@ -409,38 +410,43 @@ int Export(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token sto
     return failed ? kSomeFailed : kDone;
 }
 
+// As the wizard's progress page: a stop puts back what the import wrote.
 int Import(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token stop,
            VOXA2JSON::Object& root) {
     CVexReceiverAccessor accessor(receiver);
     accessor.SetCancel(stop);
+    VOXA2JSON::CSettingsImport import(root);
     CProgressBar bar;
-    int done = 0;
-    int total = 0;
     int failed = 0;
-    const auto report = [&](const VOXA2JSON::ImportRow& row) {
-        bar.Clear();
-        PrintRow(row.path, row.text);
-        failed += row.outcome == VOXA2JSON::EWriteOutcome::Failed;
-    };
-    const VOXA2JSON::Progress progress = [&](int count, int of) {
-        done = count;
-        total = of;
-        bar.Show(count, of);
-        return !stop.stop_requested();
-    };
-    bool finished = false;
     try {
-        finished = VOXA2JSON::ImportSettings(root, accessor, report, progress);
+        while (!import.AtEnd() && !stop.stop_requested()) {
+            bar.Show(import.Done(), import.Total());
+            const VOXA2JSON::ImportRow row = import.WriteNext(accessor);
+            if (row.outcome == VOXA2JSON::EWriteOutcome::Skipped)
+                continue;
+            bar.Clear();
+            PrintRow(row.path, row.text);
+            failed += row.outcome == VOXA2JSON::EWriteOutcome::Failed;
+        }
     } catch (const ulm_std::CWinException& e) {
         if (e.GetErrorCode() != pell::ERROR_CANCELLED)
             throw;
     }
     bar.Clear();
-    if (!finished)
-        return Fail(QStringLiteral("stopped after %1 of %2 variables; the rest were not written.")
-                        .arg(done)
-                        .arg(total));
-    return failed ? kSomeFailed : kDone;
+    if (!stop.stop_requested())
+        return failed ? kSomeFailed : kDone;
+    // Without the stop: the receiver is there, and what was written must go back.
+    CVexReceiverAccessor restorer(receiver);
+    const QStringList notBack = import.Undo(restorer);
+    return Fail(notBack.isEmpty()
+                    ? QStringLiteral("stopped after %1 of %2 variables; what was written is put "
+                                     "back.")
+                          .arg(import.Done())
+                          .arg(import.Total())
+                    : QStringLiteral("stopped after %1 of %2 variables; could not put back %3.")
+                          .arg(import.Done())
+                          .arg(import.Total())
+                          .arg(OneLine(notBack.join(QStringLiteral(", ")))));
 }
 
 // Runs one command line built before connecting; its reply on standard output, a refusal's

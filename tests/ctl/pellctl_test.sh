@@ -255,6 +255,18 @@ status=$?
 [ "$status" -eq 2 ] || fail "export stopped by SIGINT: exit $status: $(cat "$work/err")"
 grep -qF "was not written" "$work/err" || fail "export stopped by SIGINT: $(cat "$work/err")"
 cmp -s "$work/a.json" "$work/kept.json" || fail "export stopped by SIGINT: the earlier file changed"
+# An import stopped half-way puts back what it wrote (a.json has the mask at 12).
+expect 0 "" -- set --connect "$target" pos/elm 3
+"$pellctl" import --connect "$target" --all "${settings[@]}" "$work/a.json" >/dev/null 2>"$work/err" &
+pellctl_pid=$!
+sleep 3
+kill -INT "$pellctl_pid"
+wait "$pellctl_pid"
+status=$?
+[ "$status" -eq 2 ] || fail "import stopped by SIGINT: exit $status: $(cat "$work/err")"
+grep -qF "put back" "$work/err" || fail "import stopped by SIGINT: $(cat "$work/err")"
+expect 0 "" -- print --connect "$target" pos/elm
+[ "$(cat "$work/out")" = 3 ] || fail "import stopped by SIGINT: the mask stayed $(cat "$work/out")"
 
 if [ "$failures" -ne 0 ]; then
     echo "$failures failed" >&2
