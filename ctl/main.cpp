@@ -98,7 +98,7 @@ std::optional<int> Parse(QCommandLineParser& parser, const QStringList& argument
 
 const char kUsage[] = R"(Usage: pellctl COMMAND [options]
 
-The receiver's sky and the almanac's prediction, without windows.
+The receiver's sky and settings, and the almanac's prediction, without windows.
 
 Commands:
   sky       connect to a receiver, ask for live data and print its sky once per epoch
