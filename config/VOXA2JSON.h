@@ -25,7 +25,7 @@ enum EAttr : unsigned {
     ReadOnly = 4,
     WriteOnly = 8,
 };
-// "a;readonly;b" → ReadOnly; items are upper-cased, unknown ones ignored.
+// "a; readonly;b" → ReadOnly; items are trimmed and upper-cased, unknown ones ignored.
 PELL_EXPORT unsigned ParseAttributes(const QString& attr);
 
 enum class EType : int {
@@ -53,9 +53,9 @@ PELL_EXPORT EType ItemType(EType type);
 
 // One periodic output message of a message set.
 struct PELL_EXPORT Message {
-    QString name;       // the message set's name, e.g. "nmea/GGA"
-    double period = 0;  // seconds
-    double phase = 0;   // seconds
+    QString name;      // the message set's name, e.g. "nmea/GGA"
+    double period = 0; // seconds
+    double phase = 0;  // seconds
     std::uint32_t count = 0;
     std::uint32_t flags = 0;
     bool operator==(const Message&) const = default;
@@ -89,12 +89,12 @@ struct PELL_EXPORT ModelPattern {
 // One VOXA element: where a variable lives on receivers of some models, firmware and boards.
 struct PELL_EXPORT Binding {
     QString parameter;
-    QString test;      // a path whose existence also proves the binding; may be empty
+    QString test; // a path whose existence also proves the binding; may be empty
     QString defaultValue;
-    QString trueText;  // a boolean's receiver texts
+    QString trueText; // a boolean's receiver texts
     QString falseText;
-    int index = -1;    // item of a list-valued parameter, −1 when not indexed
-    int radix = 10;    // integers: 10 or 16, anything else can be neither read nor written
+    int index = -1; // item of a list-valued parameter, −1 when not indexed
+    int radix = 10; // integers: 10 or 16, anything else can be neither read nor written
     QStringList firmwarePatterns;
     std::vector<ModelPattern> models;
     QStringList boardPatterns;
@@ -170,7 +170,8 @@ struct PELL_EXPORT Reply {
 };
 
 // The engine's link to the receiver. Only Execute is the receiver's; the rest compose their
-// commands and keep the print and existence caches of this accessor.
+// commands (a value that would not stay one command is refused unsent) and keep the print and
+// existence caches of this accessor.
 class PELL_EXPORT ReceiverAccessor {
 public:
     static constexpr int kCommandLimit = 512; // characters of one command line
@@ -189,9 +190,6 @@ public:
     virtual Reply Model();
     virtual Reply Board();
 
-    // Commands of this accessor's own composing (em, dm, create, remove); refused when a part
-    // would not stay one word.
-    Reply Run(const QString& verb, const QStringList& arguments);
     // Forgets what was printed for `path`, so the next Print asks again.
     void Forget(const QString& path);
 
@@ -225,7 +223,9 @@ PELL_EXPORT QByteArray BuildJson(const Object& root);
 class PELL_EXPORT SettingsDocument {
 public:
     // Files beyond this are refused unread.
-    static constexpr qint64 kMaxBytes = 32 * 1024 * 1024;
+    static constexpr qint64 kMaxBytes = 16 * 1024 * 1024;
+    // Objects and arrays nested deeper than this are refused; a dictionary is far shallower.
+    static constexpr int kMaxDepth = 64;
 
     SettingsDocument(SettingsDocument&&) noexcept;
     SettingsDocument& operator=(SettingsDocument&&) noexcept;

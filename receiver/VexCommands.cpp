@@ -98,8 +98,24 @@ QString Create(const QString& list, unsigned index) {
     return QStringLiteral("create,") + Bare(list, list) + QLatin1Char(',') + QString::number(index);
 }
 
+QString CreateNamed(const QString& path) {
+    return QStringLiteral("create,") + Bare(path, path);
+}
+
 QString Remove(const QString& item) {
     return QStringLiteral("remove,") + Bare(item, item);
+}
+
+QString List(const QString& path) {
+    return QStringLiteral("list,") + Bare(path, path);
+}
+
+QString EnableMessages(const QString& port, const QString& messages) {
+    return QStringLiteral("em,") + Bare(port, port) + QLatin1Char(',') + Bare(messages, port);
+}
+
+QString DisableMessages(const QString& port) {
+    return QStringLiteral("dm,") + Bare(port, port);
 }
 
 QString QuoteText(const QString& text, const QString& path) {

@@ -25,9 +25,15 @@ PELL_EXPORT QString SetText(const QString& path, const QString& text);
 // set,<path>,<value> with a value exactly as the receiver printed it; refused when the value
 // is not one value (a separator outside quotes, an open quote, a control character, nothing).
 PELL_EXPORT QString SetPrinted(const QString& path, const QString& value);
-// create,<list>,<index> and remove,<item>
+// create,<list>,<index>, create,<path> (an item named by its path) and remove,<item>
 PELL_EXPORT QString Create(const QString& list, unsigned index);
+PELL_EXPORT QString CreateNamed(const QString& path);
 PELL_EXPORT QString Remove(const QString& item);
+// list,<path>
+PELL_EXPORT QString List(const QString& path);
+// em,<port>,<messages> and dm,<port>
+PELL_EXPORT QString EnableMessages(const QString& port, const QString& messages);
+PELL_EXPORT QString DisableMessages(const QString& port);
 
 // "text" with \" \\ \r \n escapes; throws for other control characters and broken UTF-16.
 PELL_EXPORT QString QuoteText(const QString& text, const QString& path);

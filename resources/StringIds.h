@@ -108,4 +108,15 @@ constexpr unsigned StatusNoPosition = 61315;
 constexpr unsigned StatusNoAlmanac = 61316;
 constexpr unsigned StatusSystem = 61317;
 
+// Receiver settings file.
+constexpr unsigned SettingsInvalidFileFormat = 61400;
+constexpr unsigned SettingsDoesNotApply = 61401;
+constexpr unsigned SettingsCannotParseReply = 61402;
+constexpr unsigned SettingsCannotCompose = 61403;
+constexpr unsigned SettingsMessagesRestored = 61404;
+constexpr unsigned SettingsFileCannotBeParsed = 61405;
+constexpr unsigned SettingsFileSaved = 61406;
+constexpr unsigned SettingsImported = 61407;
+constexpr unsigned SettingsFileCannotBeWritten = 61408;
+
 } // namespace pell::ids

@@ -128,6 +128,17 @@ constexpr StringEntry kEntries[] = {
                                "No almanacs: predictions and tracks need the receiver's almanacs.",
                                "61316")},
     {61317, QT_TRANSLATE_NOOP3("PellLib", "System:", "61317")},
+    {61400, QT_TRANSLATE_NOOP3("PellLib", "Invalid file format", "61400")},
+    {61401,
+     QT_TRANSLATE_NOOP3("PellLib", "This variable does not apply to the receiver.", "61401")},
+    {61402, QT_TRANSLATE_NOOP3("PellLib", "Cannot parse the receiver's reply.", "61402")},
+    {61403,
+     QT_TRANSLATE_NOOP3("PellLib", "Cannot compose a command line for the receiver.", "61403")},
+    {61404, QT_TRANSLATE_NOOP3("PellLib", "%u of %u messages have been restored.", "61404")},
+    {61405, QT_TRANSLATE_NOOP3("PellLib", "The specified file cannot be parsed.", "61405")},
+    {61406, QT_TRANSLATE_NOOP3("PellLib", "The file has been saved.", "61406")},
+    {61407, QT_TRANSLATE_NOOP3("PellLib", "Successfully Imported", "61407")},
+    {61408, QT_TRANSLATE_NOOP3("PellLib", "The file %1 cannot be written: %2", "61408")},
 };
 
 } // namespace

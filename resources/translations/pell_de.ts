@@ -493,6 +493,51 @@
         <comment>61317</comment>
         <translation>System:</translation>
     </message>
+    <message>
+        <source>Invalid file format</source>
+        <comment>61400</comment>
+        <translation>Ungültiges Dateiformat</translation>
+    </message>
+    <message>
+        <source>This variable does not apply to the receiver.</source>
+        <comment>61401</comment>
+        <translation>Diese Variable gilt nicht für den Empfänger.</translation>
+    </message>
+    <message>
+        <source>Cannot parse the receiver&apos;s reply.</source>
+        <comment>61402</comment>
+        <translation>Die Antwort des Empfängers kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Cannot compose a command line for the receiver.</source>
+        <comment>61403</comment>
+        <translation>Für den Empfänger lässt sich keine Befehlszeile bilden.</translation>
+    </message>
+    <message>
+        <source>%u of %u messages have been restored.</source>
+        <comment>61404</comment>
+        <translation>%u von %u Meldungen wurden wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>The specified file cannot be parsed.</source>
+        <comment>61405</comment>
+        <translation>Die angegebene Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The file has been saved.</source>
+        <comment>61406</comment>
+        <translation>Die Datei wurde gespeichert.</translation>
+    </message>
+    <message>
+        <source>Successfully Imported</source>
+        <comment>61407</comment>
+        <translation>Erfolgreich importiert</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2</source>
+        <comment>61408</comment>
+        <translation>Die Datei %1 kann nicht geschrieben werden: %2</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>
