@@ -1,6 +1,8 @@
 #include "ReceiverState.h"
 #include "SimulatedReceiver.h"
 #include "config/VOXA2JSON.h"
+#include "config/VexReceiverAccessor.h"
+#include "receiver/VexReceiverMate.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
@@ -171,6 +173,46 @@ TEST(ShippedDictionary, UsesEveryTypeFlagAndKindOfBinding) {
             return std::any_of(v->bindings.begin(), v->bindings.end(),
                                [&](const Binding& b) { return kind(*v, b); });
         })) << what;
+}
+
+// Every setting of the receiver, read through the shipped dictionary.
+std::shared_ptr<Object> ReadEverything(pell::test::SimulatedReceiver& receiver) {
+    auto root = ShippedDictionary();
+    SelectDefaults(*root, EDirection::Export, true);
+    CVexReceiverAccessor accessor(receiver.Receiver());
+    EXPECT_TRUE(ReadAll(*root, accessor));
+    return root;
+}
+
+// Each simulated receiver takes back what it gave, output messages and default message set
+// included: nothing is refused and a second export is the first. A variable reads nothing only
+// where it does not apply or its list item was never created.
+TEST(ShippedDictionary, EveryReceiverTakesBackWhatItGave) {
+    for (const rxsim::Profile& profile : pell::test::ShippedModel()->Profiles()) {
+        SCOPED_TRACE(profile.name.toStdString());
+        pell::test::SimulatedReceiver receiver(profile.name);
+        const CVexReceiverMate mate(receiver.Receiver());
+        mate.Run(QStringLiteral("em,dev/ser/a,nmea/GGA;em,dev/ser/a,jps/RT"));
+        const auto exported = ReadEverything(receiver);
+        for (const Variable* variable : Variables(*exported)) {
+            const Binding* binding = variable->Resolved();
+            EXPECT_TRUE(variable->error.isEmpty() || !binding || !binding->test.isEmpty())
+                << variable->Path().toStdString() << ": " << variable->error.toStdString();
+        }
+        const QByteArray json = BuildJson(*exported);
+        mate.Run(QStringLiteral("dm,dev/ser/a;remove,msg/def;set,pos/elm,0"));
+
+        auto root = ShippedDictionary();
+        const auto document = SettingsDocument::Parse(json);
+        ASSERT_TRUE(document);
+        SelectDefaults(*root, EDirection::Import, true);
+        TakeValues(*root, *document);
+        CVexReceiverAccessor accessor(receiver.Receiver());
+        for (Variable* variable : SelectedVariables(*root))
+            EXPECT_NE(WriteVariable(*variable, accessor), EWriteOutcome::Failed)
+                << variable->Path().toStdString() << ": " << variable->error.toStdString();
+        EXPECT_EQ(BuildJson(*ReadEverything(receiver)), json);
+    }
 }
 
 } // namespace
