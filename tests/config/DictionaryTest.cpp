@@ -57,7 +57,7 @@ bool Accepts(const Binding& binding, const rxsim::Profile& profile) {
 }
 
 // What each simulated receiver would resolve: a binding its identity accepts names a path it
-// has, and every variable is some receiver's.
+// has, and every variable is some receiver's. No password goes into a file unless asked for.
 TEST(ShippedDictionary, EveryAcceptedBindingExistsOnItsReceiver) {
     const auto root = ShippedDictionary();
     ASSERT_TRUE(root);
@@ -79,8 +79,20 @@ TEST(ShippedDictionary, EveryAcceptedBindingExistsOnItsReceiver) {
                     << " at " << binding.parameter.toStdString();
             }
     }
+    const auto notExported = [](const Element* element) {
+        for (; element; element = element->parent)
+            if (element->Has(DoNotExportByDefault))
+                return true;
+        return false;
+    };
     for (const Variable* variable : Variables(*root)) {
         EXPECT_GT(accepted[variable], 0) << variable->Path().toStdString();
+        const bool password =
+            std::any_of(variable->bindings.begin(), variable->bindings.end(), [](const Binding& b) {
+                return b.parameter.contains(QLatin1String("passw"));
+            });
+        EXPECT_TRUE(!password || notExported(variable))
+            << "a password exported by default: " << variable->Path().toStdString();
         if (ItemType(variable->type) == EType::Boolean) {
             for (const Binding& binding : variable->bindings) {
                 EXPECT_FALSE(binding.trueText.isEmpty() || binding.falseText.isEmpty())
