@@ -23,22 +23,12 @@ std::shared_ptr<Object> ShippedDictionary() {
     return root;
 }
 
-void Collect(const Object& object, std::vector<const Element*>& elements) {
-    for (const auto& child : object.children) {
-        elements.push_back(child.get());
-        if (child->IsObject())
-            Collect(static_cast<const Object&>(*child), elements);
-    }
-}
-
-std::vector<const Variable*> Variables(const Object& root) {
-    std::vector<const Element*> elements;
-    Collect(root, elements);
-    std::vector<const Variable*> variables;
-    for (const Element* element : elements)
-        if (!element->IsObject())
-            variables.push_back(static_cast<const Variable*>(element));
-    return variables;
+// The flags of an element and of the objects above it, which decide for it as well.
+unsigned Flags(const Element* element) {
+    unsigned flags = 0;
+    for (; element; element = element->parent)
+        flags |= element->attributes;
+    return flags;
 }
 
 bool Accepts(const Binding& binding, const rxsim::Profile& profile) {
@@ -69,7 +59,7 @@ TEST(ShippedDictionary, EveryAcceptedBindingExistsOnItsReceiver) {
         const auto exists = [&](const QString& path) {
             return !path.isEmpty() && !state.Execute(QStringLiteral("list,") + path, effects).error;
         };
-        for (const Variable* variable : Variables(*root))
+        for (const Variable* variable : AllVariables(*root))
             for (const Binding& binding : variable->bindings) {
                 if (!Accepts(binding, profile))
                     continue;
@@ -79,19 +69,13 @@ TEST(ShippedDictionary, EveryAcceptedBindingExistsOnItsReceiver) {
                     << " at " << binding.parameter.toStdString();
             }
     }
-    const auto notExported = [](const Element* element) {
-        for (; element; element = element->parent)
-            if (element->Has(DoNotExportByDefault))
-                return true;
-        return false;
-    };
-    for (const Variable* variable : Variables(*root)) {
+    for (const Variable* variable : AllVariables(*root)) {
         EXPECT_GT(accepted[variable], 0) << variable->Path().toStdString();
         const bool password =
             std::any_of(variable->bindings.begin(), variable->bindings.end(), [](const Binding& b) {
                 return b.parameter.contains(QLatin1String("passw"));
             });
-        EXPECT_TRUE(!password || notExported(variable))
+        EXPECT_TRUE(!password || (Flags(variable) & DoNotExportByDefault))
             << "a password exported by default: " << variable->Path().toStdString();
         if (ItemType(variable->type) == EType::Boolean) {
             for (const Binding& binding : variable->bindings) {
@@ -122,14 +106,11 @@ TEST(ShippedDictionary, EveryModelItemParses) {
 TEST(ShippedDictionary, UsesEveryTypeFlagAndKindOfBinding) {
     const auto root = ShippedDictionary();
     ASSERT_TRUE(root);
-    std::vector<const Element*> elements;
-    Collect(*root, elements);
     std::set<EType> types;
     unsigned flags = 0;
-    for (const Element* element : elements) {
-        flags |= element->attributes;
-        if (!element->IsObject())
-            types.insert(static_cast<const Variable*>(element)->type);
+    for (const Variable* variable : AllVariables(*root)) {
+        flags |= Flags(variable);
+        types.insert(variable->type);
     }
     for (int type = static_cast<int>(EType::Boolean); type <= static_cast<int>(EType::MessageList);
          ++type)
@@ -179,7 +160,7 @@ TEST(ShippedDictionary, UsesEveryTypeFlagAndKindOfBinding) {
                     b.parameter == QLatin1String("msg/def/");
          }},
     };
-    const auto variables = Variables(*root);
+    const auto variables = AllVariables(*root);
     for (const auto& [what, kind] : kinds)
         EXPECT_TRUE(std::any_of(variables.begin(), variables.end(), [&](const Variable* v) {
             return std::any_of(v->bindings.begin(), v->bindings.end(),
@@ -206,7 +187,7 @@ TEST(ShippedDictionary, EveryReceiverTakesBackWhatItGave) {
         const CVexReceiverMate mate(receiver.Receiver());
         mate.Run(QStringLiteral("em,dev/ser/a,nmea/GGA;em,dev/ser/a,jps/RT"));
         const auto exported = ReadEverything(receiver);
-        for (const Variable* variable : Variables(*exported)) {
+        for (const Variable* variable : AllVariables(*exported)) {
             const Binding* binding = variable->Resolved();
             EXPECT_TRUE(variable->error.isEmpty() || !binding || !binding->test.isEmpty())
                 << variable->Path().toStdString() << ": " << variable->error.toStdString();
