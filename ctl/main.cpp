@@ -399,14 +399,18 @@ int Export(const std::shared_ptr<rxio::IReceiver>& receiver, std::stop_token sto
     if (!exported)
         return Fail(error.isEmpty() ? QStringLiteral("stopped; %1 was not written.").arg(file)
                                     : error);
-    // A variable this receiver does not have is no failure: one dictionary serves every model.
+    // What this receiver does not have is no failure, as one dictionary serves every model:
+    // a variable no binding applies to, or a list item it has not created (a caster user), whose
+    // binding applies through its Test path alone. The walk has asked already: no command.
     int failed = 0;
-    for (const VOXA2JSON::Variable* variable : VOXA2JSON::SelectedVariables(root))
-        if (!variable->Has(VOXA2JSON::WriteOnly) && !variable->error.isEmpty() &&
-            variable->Resolved()) {
+    for (const VOXA2JSON::Variable* variable : VOXA2JSON::SelectedVariables(root)) {
+        const VOXA2JSON::Binding* binding = variable->Resolved();
+        if (!variable->Has(VOXA2JSON::WriteOnly) && !variable->error.isEmpty() && binding &&
+            accessor.Exists(binding->parameter)) {
             PrintRow(variable->Path(), variable->error);
             ++failed;
         }
+    }
     return failed ? kSomeFailed : kDone;
 }
 

@@ -217,6 +217,12 @@ printf 'Network/AccessPoint\tSuccessfully Imported\n' >>"$work/rows"
 cmp -s "$work/rows" "$work/out" || fail "import rows: $(cat "$work/out")"
 expect 0 "" -- export --connect "$target" --all "${settings[@]}" "$work/b.json"
 cmp -s "$work/a.json" "$work/b.json" || fail "round trip: $(cat "$work/a.json") / $(cat "$work/b.json")"
+# The same with the shipped dictionary, found beside the library, over all it names.
+expect 0 "" -- export --connect "$target" --all "$work/full.json"
+expect 0 "" -- set --connect "$target" pos/elm 7
+expect 0 "" -- import --connect "$target" --all "$work/full.json"
+expect 0 "" -- export --connect "$target" --all "$work/full2.json"
+cmp -s "$work/full.json" "$work/full2.json" || fail "round trip with the shipped dictionary"
 
 # A receiver without heading or Wi-Fi: listed as not applying, the rest written.
 listen lumen7
