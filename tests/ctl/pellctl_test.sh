@@ -236,7 +236,10 @@ grep -qxF "Positioning/Mask	Successfully Imported" "$work/out" || fail "import i
 expect 0 "" -- export --connect "$target" --all "${settings[@]}" "$work/lumen.json"
 
 echo 'not json' >"$work/broken.json"
-expect 2 "The specified file cannot be parsed." -- import --connect "$target" "${settings[@]}" "$work/broken.json"
+# A bare --simulator before the file is the first profile; a profile's name is joined to it.
+expect 2 "The specified file cannot be parsed." -- import --simulator "${settings[@]}" "$work/broken.json"
+expect 0 "" -- export --simulator pardo7 "${settings[@]}" "$work/simulated.json"
+grep -qF '"Heading":' "$work/simulated.json" || fail "export --simulator pardo7: not the Pardo7"
 expect 2 "Invalid file format" -- export --connect "$target" --dictionary "$work/broken.json" "$work/x.json"
 expect 2 "cannot be written" -- export --connect "$target" "${settings[@]}" "$work/none/x.json"
 # Hostile values are refused before anything is sent; the receiver keeps its values.
