@@ -961,8 +961,11 @@ std::optional<SettingsDocument> SettingsDocument::Parse(const QByteArray& json) 
     if (json.size() > kMaxBytes || JsonDepth(json) > kMaxDepth)
         return std::nullopt;
     auto impl = std::make_unique<Impl>();
-    constexpr unsigned flags =
-        rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
+    // Full precision: the fast conversion can miss a number by a bit, so that a float would not
+    // read back as the double it was written from.
+    constexpr unsigned flags = rapidjson::kParseIterativeFlag |
+                               rapidjson::kParseValidateEncodingFlag |
+                               rapidjson::kParseFullPrecisionFlag;
     impl->document.Parse<flags>(json.constData(), size_t(json.size()));
     if (impl->document.HasParseError() || !impl->document.IsObject())
         return std::nullopt;
