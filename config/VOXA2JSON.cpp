@@ -10,9 +10,13 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QXmlStreamReader>
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <rapidjson/document.h>
+#include <rapidjson/encodedstream.h>
+#include <rapidjson/memorystream.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
@@ -570,6 +574,52 @@ void TakeObject(Object& object, const JsonValue* json) {
     }
 }
 
+// Builds the document with numbers converted by the standard library, correctly rounded: the
+// fast conversion of rapidjson 1.1.0 reads some floats a bit off what was written, its precise
+// one reads "0e90" as a huge number.
+class PreciseNumbers {
+public:
+    explicit PreciseNumbers(rapidjson::Document& document) : m_document(document) {}
+
+    bool RawNumber(const char* text, rapidjson::SizeType length, bool) {
+        const char* end = text + length;
+        const char* exponent = std::find_if(text, end, [](char c) { return c == 'e' || c == 'E'; });
+        if (exponent == end && std::find(text, end, '.') == end) {
+            std::int64_t integer = 0;
+            if (std::from_chars(text, end, integer).ec == std::errc())
+                return m_document.Int64(integer);
+            std::uint64_t natural = 0;
+            if (std::from_chars(text, end, natural).ec == std::errc())
+                return m_document.Uint64(natural);
+        }
+        double real = 0;
+        const std::errc error = std::from_chars(text, end, real).ec;
+        if (error == std::errc::result_out_of_range && exponent != end && exponent[1] == '-')
+            return m_document.Double(*text == '-' ? -0.0 : 0.0); // too small: zero, as it was
+        return error == std::errc() && m_document.Double(real);
+    }
+    bool Null() { return m_document.Null(); }
+    bool Bool(bool b) { return m_document.Bool(b); }
+    bool Int(int i) { return m_document.Int(i); }
+    bool Uint(unsigned u) { return m_document.Uint(u); }
+    bool Int64(std::int64_t i) { return m_document.Int64(i); }
+    bool Uint64(std::uint64_t u) { return m_document.Uint64(u); }
+    bool Double(double d) { return m_document.Double(d); }
+    bool String(const char* text, rapidjson::SizeType length, bool copy) {
+        return m_document.String(text, length, copy);
+    }
+    bool StartObject() { return m_document.StartObject(); }
+    bool Key(const char* text, rapidjson::SizeType length, bool copy) {
+        return m_document.Key(text, length, copy);
+    }
+    bool EndObject(rapidjson::SizeType members) { return m_document.EndObject(members); }
+    bool StartArray() { return m_document.StartArray(); }
+    bool EndArray(rapidjson::SizeType items) { return m_document.EndArray(items); }
+
+private:
+    rapidjson::Document& m_document;
+};
+
 // Depth of the deepest object or array, counted without building anything.
 int JsonDepth(const QByteArray& json) {
     int depth = 0;
@@ -961,13 +1011,19 @@ std::optional<SettingsDocument> SettingsDocument::Parse(const QByteArray& json) 
     if (json.size() > kMaxBytes || JsonDepth(json) > kMaxDepth)
         return std::nullopt;
     auto impl = std::make_unique<Impl>();
-    // Full precision: the fast conversion can miss a number by a bit, so that a float would not
-    // read back as the double it was written from.
     constexpr unsigned flags = rapidjson::kParseIterativeFlag |
                                rapidjson::kParseValidateEncodingFlag |
-                               rapidjson::kParseFullPrecisionFlag;
-    impl->document.Parse<flags>(json.constData(), size_t(json.size()));
-    if (impl->document.HasParseError() || !impl->document.IsObject())
+                               rapidjson::kParseNumbersAsStringsFlag;
+    bool parsed = false;
+    const auto parse = [&](rapidjson::Document& document) {
+        PreciseNumbers handler(document);
+        rapidjson::MemoryStream bytes(json.constData(), size_t(json.size()));
+        rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> input(bytes);
+        parsed = !rapidjson::Reader().Parse<flags>(input, handler).IsError();
+        return parsed;
+    };
+    impl->document.Populate(parse);
+    if (!parsed || !impl->document.IsObject())
         return std::nullopt;
     return SettingsDocument(std::move(impl));
 }
