@@ -700,12 +700,12 @@ Reply WriteIndexed(ReceiverAccessor& accessor, const Binding& binding, const Val
                         QLatin1Char('{') + items.join(QLatin1Char(',')) + QLatin1Char('}'));
 }
 
-void CollectVariables(Object& object, std::vector<Variable*>& out) {
+void CollectVariables(Object& object, std::vector<Variable*>& out, bool selectedOnly) {
     for (const auto& child : object.children) {
-        if (!child->selected)
+        if (selectedOnly && !child->selected)
             continue;
         if (child->IsObject())
-            CollectVariables(static_cast<Object&>(*child), out);
+            CollectVariables(static_cast<Object&>(*child), out, selectedOnly);
         else
             out.push_back(static_cast<Variable*>(child.get()));
     }
@@ -907,7 +907,13 @@ void SelectDefaults(Object& root, EDirection direction, bool all) {
 
 std::vector<Variable*> SelectedVariables(Object& root) {
     std::vector<Variable*> variables;
-    CollectVariables(root, variables);
+    CollectVariables(root, variables, true);
+    return variables;
+}
+
+std::vector<Variable*> AllVariables(Object& root) {
+    std::vector<Variable*> variables;
+    CollectVariables(root, variables, false);
     return variables;
 }
 

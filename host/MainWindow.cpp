@@ -3,6 +3,8 @@
 #include "AboutDialog.h"
 #include "AppIcon.h"
 #include "InProcess.h"
+#include "config/ReceiverSettingsExport_SelectFilePP.h"
+#include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "lib/PellLibDoc.h"
 #include "status/ReceiverStatusPS.h"
 
@@ -105,6 +107,11 @@ void MainWindow::BuildMenus() {
 
     QMenu* receiver = menuBar()->addMenu(tr("&Receiver"));
     m_receiverStatus = receiver->addAction(tr("&Status…"), this, &MainWindow::ShowReceiverStatus);
+    receiver->addSeparator();
+    m_exportSettings =
+        receiver->addAction(tr("&Export Settings…"), this, &MainWindow::ExportSettings);
+    m_importSettings =
+        receiver->addAction(tr("&Import Settings…"), this, &MainWindow::ImportSettings);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -278,7 +285,8 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
-    m_receiverStatus->setEnabled(state == EState::Connected);
+    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings})
+        action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
 
@@ -301,6 +309,16 @@ std::shared_ptr<rxio::IReceiver> MainWindow::Receiver() const {
 void MainWindow::ShowReceiverStatus() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_ReceiverStatusPS(std::move(receiver), this);
+}
+
+void MainWindow::ExportSettings() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_ReceiverSettingsExportWizard(std::move(receiver), this);
+}
+
+void MainWindow::ImportSettings() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_ReceiverSettingsImportWizard(std::move(receiver), this);
 }
 
 void MainWindow::ShowAbout() {

@@ -36,6 +36,8 @@ public:
 public slots:
     void ShowAbout();
     void ShowReceiverStatus();
+    void ExportSettings();
+    void ImportSettings();
 
 private:
     void BuildMenus();
@@ -59,6 +61,8 @@ private:
     QSpinBox* m_tcpPort = nullptr;
     QPushButton* m_connect = nullptr;
     QAction* m_receiverStatus = nullptr;
+    QAction* m_exportSettings = nullptr;
+    QAction* m_importSettings = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;
     QGroupBox* m_receiver = nullptr;

@@ -493,6 +493,216 @@
         <comment>61317</comment>
         <translation>System:</translation>
     </message>
+    <message>
+        <source>Invalid file format</source>
+        <comment>61400</comment>
+        <translation>Ungültiges Dateiformat</translation>
+    </message>
+    <message>
+        <source>This variable does not apply to the receiver.</source>
+        <comment>61401</comment>
+        <translation>Diese Variable gilt nicht für den Empfänger.</translation>
+    </message>
+    <message>
+        <source>Cannot parse the receiver&apos;s reply.</source>
+        <comment>61402</comment>
+        <translation>Die Antwort des Empfängers kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Cannot compose a command line for the receiver.</source>
+        <comment>61403</comment>
+        <translation>Für den Empfänger lässt sich keine Befehlszeile bilden.</translation>
+    </message>
+    <message>
+        <source>%u of %u messages have been restored.</source>
+        <comment>61404</comment>
+        <translation>%u von %u Meldungen wurden wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>The specified file cannot be parsed.</source>
+        <comment>61405</comment>
+        <translation>Die angegebene Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The file has been saved.</source>
+        <comment>61406</comment>
+        <translation>Die Datei wurde gespeichert.</translation>
+    </message>
+    <message>
+        <source>Successfully Imported</source>
+        <comment>61407</comment>
+        <translation>Erfolgreich importiert</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2</source>
+        <comment>61408</comment>
+        <translation>Die Datei %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Export Receiver Settings</source>
+        <comment>61410</comment>
+        <translation>Empfängereinstellungen exportieren</translation>
+    </message>
+    <message>
+        <source>Import Receiver Settings</source>
+        <comment>61411</comment>
+        <translation>Empfängereinstellungen importieren</translation>
+    </message>
+    <message>
+        <source>Select Parameters To Export</source>
+        <comment>61412</comment>
+        <translation>Zu exportierende Parameter wählen</translation>
+    </message>
+    <message>
+        <source>Select File To Export Parameters</source>
+        <comment>61413</comment>
+        <translation>Datei für den Export wählen</translation>
+    </message>
+    <message>
+        <source>Select File To Import Parameters</source>
+        <comment>61414</comment>
+        <translation>Datei für den Import wählen</translation>
+    </message>
+    <message>
+        <source>Select Parameters To Import</source>
+        <comment>61415</comment>
+        <translation>Zu importierende Parameter wählen</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <comment>61416</comment>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Check the settings to save. Values are read from the receiver.</source>
+        <comment>61417</comment>
+        <translation>Wählen Sie die zu sichernden Einstellungen. Die Werte werden aus dem Empfänger gelesen.</translation>
+    </message>
+    <message>
+        <source>Choose the file the settings are saved to.</source>
+        <comment>61418</comment>
+        <translation>Wählen Sie die Datei, in der die Einstellungen gesichert werden.</translation>
+    </message>
+    <message>
+        <source>Choose a settings file saved from a receiver.</source>
+        <comment>61419</comment>
+        <translation>Wählen Sie eine aus einem Empfänger gesicherte Einstellungsdatei.</translation>
+    </message>
+    <message>
+        <source>Check the settings to load into the receiver.</source>
+        <comment>61420</comment>
+        <translation>Wählen Sie die Einstellungen, die in den Empfänger geladen werden.</translation>
+    </message>
+    <message>
+        <source>Each setting is written to the receiver in turn.</source>
+        <comment>61421</comment>
+        <translation>Jede Einstellung wird nacheinander in den Empfänger geschrieben.</translation>
+    </message>
+    <message>
+        <source>Show values</source>
+        <comment>61422</comment>
+        <translation>Werte anzeigen</translation>
+    </message>
+    <message>
+        <source>Details…</source>
+        <comment>61423</comment>
+        <translation>Details…</translation>
+    </message>
+    <message>
+        <source>File:</source>
+        <comment>61424</comment>
+        <translation>Datei:</translation>
+    </message>
+    <message>
+        <source>JSON Files (*.json);;All Files (*)</source>
+        <comment>61425</comment>
+        <translation>JSON-Dateien (*.json);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Reading %1 of %2…</source>
+        <comment>61426</comment>
+        <translation>Lese %1 von %2…</translation>
+    </message>
+    <message>
+        <source>%1 values read.</source>
+        <comment>61427</comment>
+        <translation>%1 Werte gelesen.</translation>
+    </message>
+    <message>
+        <source>Writing %1 of %2…</source>
+        <comment>61428</comment>
+        <translation>Schreibe %1 von %2…</translation>
+    </message>
+    <message>
+        <source>%1 imported, %2 failed.</source>
+        <comment>61429</comment>
+        <translation>%1 importiert, %2 fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <comment>61430</comment>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <comment>61431</comment>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <comment>61432</comment>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Not in the file</source>
+        <comment>61433</comment>
+        <translation>Nicht in der Datei</translation>
+    </message>
+    <message>
+        <source>Putting back the values written so far…</source>
+        <comment>61434</comment>
+        <translation>Die bisher geschriebenen Werte werden zurückgesetzt…</translation>
+    </message>
+    <message>
+        <source>These settings could not be put back: %1</source>
+        <comment>61435</comment>
+        <translation>Diese Einstellungen konnten nicht zurückgesetzt werden: %1</translation>
+    </message>
+    <message>
+        <source>Friendly Name = </source>
+        <comment>61436</comment>
+        <translation>Anzeigename = </translation>
+    </message>
+    <message>
+        <source>Name = </source>
+        <comment>61437</comment>
+        <translation>Name = </translation>
+    </message>
+    <message>
+        <source>Path = </source>
+        <comment>61438</comment>
+        <translation>Pfad = </translation>
+    </message>
+    <message>
+        <source>Type = </source>
+        <comment>61439</comment>
+        <translation>Typ = </translation>
+    </message>
+    <message>
+        <source>, True = </source>
+        <comment>61440</comment>
+        <translation>, Wahr = </translation>
+    </message>
+    <message>
+        <source>, False = </source>
+        <comment>61441</comment>
+        <translation>, Falsch = </translation>
+    </message>
+    <message>
+        <source>VOXA Parameter = </source>
+        <comment>61442</comment>
+        <translation>VOXA-Parameter = </translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

@@ -1,0 +1,208 @@
+#include "SimulatedReceiver.h"
+#include "TestSupport.h"
+#include "config/ReceiverSettingsExport_SelectFilePP.h"
+#include "config/ReceiverSettingsExport_SelectParametersPP.h"
+#include "config/ReceiverSettingsImport_ProgressPP.h"
+#include "config/ReceiverSettingsImport_SelectFilePP.h"
+#include "config/ReceiverSettingsImport_SelectParametersPP.h"
+#include "config/SettingsFile.h"
+#include "config/VexReceiverAccessor.h"
+#include "lib/Common.h"
+#include "lib/PellLib.h"
+#include "resources/StringIds.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace VOXA2JSON;
+using ExportWizard = CPellWindow<CReceiverSettingsExportWizard>;
+using ImportWizard = CPellWindow<CReceiverSettingsImportWizard>;
+
+bool Waits(const std::function<bool()>& condition, int ms = 30000) {
+    return QTest::qWaitFor(condition, ms);
+}
+
+void Click(QWidget& wizard, const char* button) {
+    wizard.findChild<QPushButton*>(QLatin1String(button))->click();
+}
+
+QString Text(unsigned id) {
+    return g_PellLibApp.XLoadString(id);
+}
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// What the receiver holds of everything the dictionary names, as the engine would save it.
+QByteArray Snapshot(pell::test::SimulatedReceiver& receiver) {
+    QString error;
+    auto root = Dictionary::Load(Dictionary::DefaultPath(), &error);
+    SelectDefaults(*root, EDirection::Export, true);
+    CVexReceiverAccessor accessor(receiver.Receiver());
+    ReadAll(*root, accessor);
+    return BuildJson(*root);
+}
+
+class WizardTest : public testing::Test {
+protected:
+    // A file saved from `profile` with everything in it.
+    QString SavedFrom(const QString& profile, const char* name) {
+        pell::test::SimulatedReceiver receiver(profile);
+        const QString path = dir.filePath(QLatin1String(name));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(Snapshot(receiver));
+        return path;
+    }
+
+    // Opens the import wizard on `path` and goes on to the progress page.
+    void StartImport(ImportWizard& wizard, const QString& path) {
+        wizard.show();
+        wizard.FilePage().SetFilePath(path);
+        Click(wizard, "nextButton");
+        ASSERT_EQ(wizard.GetActiveIndex(), 1);
+        Click(wizard, "nextButton");
+        ASSERT_EQ(wizard.GetActiveIndex(), 2);
+    }
+
+    pell::test::ScopedPresenter boxes;
+    QTemporaryDir dir;
+};
+
+TEST_F(WizardTest, ExportWritesWhatIsCheckedAndRemembersTheFile) {
+    pell::test::SimulatedReceiver receiver(QStringLiteral("pardo7"));
+    const QString path = dir.filePath(QStringLiteral("pardo.json"));
+    {
+        ExportWizard wizard(receiver.Receiver(), nullptr);
+        wizard.show();
+        auto& page = wizard.ParametersPage();
+        ASSERT_TRUE(Waits([&] { return page.HasRead(); }));
+        EXPECT_EQ(page.findChild<QProgressBar*>()->value(),
+                  page.findChild<QProgressBar*>()->maximum());
+        // Check boxes start by DONOTEXPORTBYDEFAULT, objects and variables alike.
+        int unchecked = 0;
+        for (QTreeWidgetItemIterator it(&page.Tree()); *it; ++it) {
+            const Element* element = page.Tree().ElementOf(*it);
+            EXPECT_EQ((*it)->checkState(0) == Qt::Checked, !element->Has(DoNotExportByDefault))
+                << element->Path().toStdString();
+            unchecked += element->Has(DoNotExportByDefault) ? 1 : 0;
+        }
+        EXPECT_GT(unchecked, 0);
+        // An unchecked object leaves its subtree out; its checked children stay checked.
+        QTreeWidgetItem* first = page.Tree().topLevelItem(0);
+        first->setCheckState(0, Qt::Unchecked);
+        EXPECT_EQ(first->child(0)->checkState(0), Qt::Checked);
+
+        Click(wizard, "nextButton");
+        ASSERT_EQ(wizard.GetActiveIndex(), 1);
+        EXPECT_EQ(wizard.FilePage().FilePath(), QString()); // never stored
+        wizard.FilePage().SetFilePath(path);
+        Click(wizard, "finishButton");
+        EXPECT_EQ(wizard.result(), pell::ID_WIZFINISH);
+        const QByteArray written = Contents(path);
+        EXPECT_EQ(written, BuildJson(*page.Root()));
+        EXPECT_FALSE(written.contains('"' + page.Root()->children[0]->name.toUtf8() + '"'));
+        ASSERT_FALSE(boxes.Boxes().empty());
+        EXPECT_EQ(boxes.Boxes().back().text, Text(pell::ids::SettingsFileSaved));
+    }
+    ExportWizard again(receiver.Receiver(), nullptr);
+    again.show();
+    again.SetActivePage(1);
+    EXPECT_EQ(again.FilePage().FilePath(), path);
+}
+
+TEST_F(WizardTest, ImportIntoAnotherReceiverReportsEachSetting) {
+    const QString path = SavedFrom(QStringLiteral("pardo7"), "pardo.json");
+    pell::test::SimulatedReceiver lumen(QStringLiteral("lumen7"));
+    ImportWizard wizard(lumen.Receiver(), nullptr);
+    StartImport(wizard, path);
+    auto& progress = wizard.ProgressPage();
+    ASSERT_TRUE(Waits([&] { return !progress.IsWriting(); }));
+    QStringList results;
+    for (int i = 0; i < progress.Rows().topLevelItemCount(); ++i)
+        results << progress.Rows().topLevelItem(i)->text(1);
+    EXPECT_TRUE(results.contains(Text(pell::ids::SettingsImported)));
+    EXPECT_TRUE(results.contains(Text(pell::ids::SettingsDoesNotApply)));
+    // One row per setting that had something to write: read-only ones have none.
+    QString error;
+    auto root = Dictionary::Load(Dictionary::DefaultPath(), &error);
+    SelectDefaults(*root, EDirection::Import);
+    TakeValues(*root, *ReadSettingsFile(path, &error));
+    const auto rows = std::count_if(SelectedVariables(*root).begin(),
+                                    SelectedVariables(*root).end(), [](const Variable* variable) {
+                                        return !variable->value.invalid && !variable->Has(ReadOnly);
+                                    });
+    EXPECT_EQ(progress.Rows().topLevelItemCount(), rows);
+    Click(wizard, "finishButton");
+    EXPECT_EQ(wizard.result(), pell::ID_WIZFINISH);
+}
+
+TEST_F(WizardTest, CancelStopsReadingAndPutsBackWhatWasWritten) {
+    pell::test::SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
+    receiver.Simulator().GetFaults().latencyMs = 20;
+    {
+        ExportWizard wizard(receiver.Receiver(), nullptr);
+        wizard.show();
+        auto* bar = wizard.ParametersPage().findChild<QProgressBar*>();
+        ASSERT_TRUE(Waits([&] { return bar->value() >= 3; }));
+        Click(wizard, "cancelButton");
+        ASSERT_TRUE(Waits([&] { return !wizard.isVisible(); }));
+        const qsizetype sent = receiver.Simulator().ReceivedCount();
+        QTest::qWait(200);
+        EXPECT_EQ(receiver.Simulator().ReceivedCount(), sent); // no reading goes on
+        EXPECT_EQ(wizard.result(), pell::IDCANCEL);
+    }
+    // A file of other values, half written when Cancel comes.
+    const QString path = SavedFrom(QStringLiteral("soren"), "soren.json");
+    const QByteArray before = Snapshot(receiver);
+    ImportWizard wizard(receiver.Receiver(), nullptr);
+    StartImport(wizard, path);
+    auto& progress = wizard.ProgressPage();
+    ASSERT_TRUE(Waits([&] { return progress.Rows().topLevelItemCount() >= 5; }));
+    Click(wizard, "cancelButton");
+    ASSERT_TRUE(Waits([&] { return !wizard.isVisible(); }));
+    EXPECT_EQ(wizard.result(), pell::IDCANCEL);
+    receiver.Simulator().GetFaults().latencyMs = 0;
+    EXPECT_EQ(Snapshot(receiver), before);
+}
+
+TEST_F(WizardTest, ShowValuesIsSharedAndABadFileKeepsThePage) {
+    pell::test::SimulatedReceiver receiver;
+    const QString notJson = dir.filePath(QStringLiteral("notes.json"));
+    QFile file(notJson);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("receiver notes, not settings");
+    file.close();
+    for (const bool show : {true, false}) {
+        {
+            ExportWizard wizard(receiver.Receiver(), nullptr);
+            wizard.show();
+            wizard.ParametersPage().findChild<QCheckBox*>()->setChecked(show);
+            EXPECT_EQ(wizard.ParametersPage().Tree().isColumnHidden(1), !show);
+        }
+        ImportWizard wizard(receiver.Receiver(), nullptr);
+        wizard.show();
+        wizard.FilePage().SetFilePath(notJson);
+        Click(wizard, "nextButton");
+        EXPECT_EQ(wizard.GetActiveIndex(), 0);
+        ASSERT_FALSE(boxes.Boxes().empty());
+        EXPECT_EQ(boxes.Boxes().back().text, Text(pell::ids::SettingsFileCannotBeParsed));
+        wizard.FilePage().SetFilePath(SavedFrom(QStringLiteral("ostrel-q"), "ostrel.json"));
+        Click(wizard, "nextButton");
+        ASSERT_EQ(wizard.GetActiveIndex(), 1);
+        auto& page = wizard.ParametersPage();
+        EXPECT_EQ(page.findChild<QCheckBox*>()->isChecked(), show);
+        EXPECT_EQ(page.Tree().isColumnHidden(1), !show);
+    }
+}
+
+} // namespace
