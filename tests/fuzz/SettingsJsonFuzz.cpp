@@ -30,15 +30,6 @@ std::shared_ptr<Object> Tree() {
     return root;
 }
 
-void Variables(const Object& object, std::vector<const Variable*>& out) {
-    for (const auto& child : object.children) {
-        if (child->IsObject())
-            Variables(static_cast<const Object&>(*child), out);
-        else
-            out.push_back(static_cast<const Variable*>(child.get()));
-    }
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -55,10 +46,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
     const auto retaken = Tree();
     TakeValues(*retaken, *again);
-    std::vector<const Variable*> before;
-    std::vector<const Variable*> after;
-    Variables(*taken, before);
-    Variables(*retaken, after);
+    const std::vector<Variable*> before = AllVariables(*taken);
+    const std::vector<Variable*> after = AllVariables(*retaken);
     for (std::size_t i = 0; i < before.size(); ++i) {
         const Value& value = before[i]->value;
         if (value.type != before[i]->type || (value.type == EType::Unknown && !value.invalid) ||
