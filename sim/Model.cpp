@@ -30,9 +30,10 @@ QString ValueText(const QJsonValue& value) {
 
 ParamSpec ReadParam(const QJsonObject& o, const QString& path) {
     static const std::map<QString, ParamSpec::EKind> kinds = {
-        {"enum", ParamSpec::Enum}, {"int", ParamSpec::Int},   {"uint", ParamSpec::UInt},
-        {"real", ParamSpec::Real}, {"text", ParamSpec::Text}, {"raw", ParamSpec::Raw},
-        {"list", ParamSpec::List},
+        {"enum", ParamSpec::Enum},         {"int", ParamSpec::Int},   {"uint", ParamSpec::UInt},
+        {"real", ParamSpec::Real},         {"text", ParamSpec::Text}, {"raw", ParamSpec::Raw},
+        {"list", ParamSpec::List},         {"hex", ParamSpec::Hex},   {"msg", ParamSpec::Message},
+        {"msgset", ParamSpec::MessageSet},
     };
     ParamSpec p;
     p.path = path;
@@ -97,11 +98,21 @@ CModel CModel::Load(const QString& fileName) {
             Invalid("enum " + it.key() + " has no texts");
         model.m_enums[it.key()] = e;
     }
+    for (const QJsonValue& v : root.value("messages").toArray())
+        model.m_messageNames << v.toString();
     for (const QJsonValue& v : root.value("ports").toArray()) {
         const QJsonObject o = v.toObject();
-        model.m_ports.push_back({o.value("id").toInt(), Canonical(o.value("path").toString()),
-                                 o.value("kind").toString(), o.value("feature").toString(),
-                                 o.value("refuses").toBool()});
+        const PortSpec& port = model.m_ports.emplace_back(
+            PortSpec{o.value("id").toInt(), Canonical(o.value("path").toString()),
+                     o.value("kind").toString(), o.value("feature").toString(),
+                     o.value("refuses").toBool()});
+        ParamSpec messages;
+        messages.path = port.path + QStringLiteral("/msgs");
+        messages.kind = ParamSpec::PortMessages;
+        messages.defaultValue = QStringLiteral("{}");
+        messages.readonly = true;
+        messages.feature = port.feature;
+        model.m_params.push_back(std::move(messages));
     }
     for (const QJsonValue& v : root.value("params").toArray()) {
         const QJsonObject o = v.toObject();

@@ -10,7 +10,11 @@ namespace rxsim {
 
 // What one parameter of the simulated receiver is: its kind, range and default.
 struct ParamSpec {
-    enum EKind { Enum, Int, UInt, Real, Text, Raw, List };
+    // Hex: an unsigned number printed in upper-case hexadecimal without prefix. Message: one
+    // output message's schedule {period,phase,count,0xflags}. MessageSet: named messages, each
+    // with its schedule, kept in the order they were created. PortMessages: the message sets
+    // enabled on a port (made for every port, never written in the model file).
+    enum EKind { Enum, Int, UInt, Real, Text, Raw, List, Hex, Message, MessageSet, PortMessages };
 
     QString path; // canonical: no leading "/", no "par/"
     EKind kind = Raw;
@@ -63,6 +67,8 @@ public:
     const std::vector<ParamSpec>& Params() const { return m_params; }
     const std::vector<PortSpec>& Ports() const { return m_ports; }
     const std::vector<Profile>& Profiles() const { return m_profiles; }
+    // The message set names the receiver can output ("nmea/GGA", "jps/RT", ...).
+    const QStringList& MessageNames() const { return m_messageNames; }
     const Profile* FindProfile(const QString& name) const;
 
     // "/par/dev/ser/a/rate", "par/dev/ser/a/rate" and "dev/ser/a/rate" are the same parameter.
@@ -73,6 +79,7 @@ private:
     std::vector<ParamSpec> m_params;
     std::vector<PortSpec> m_ports;
     std::vector<Profile> m_profiles;
+    QStringList m_messageNames;
 };
 
 } // namespace rxsim

@@ -2,6 +2,7 @@
 
 #include "Sky.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace rxsim {
@@ -99,6 +100,49 @@ bool BalancedBraces(const QString& value) {
     return depth == 0;
 }
 
+// A number written in hexadecimal digits only, without prefix or sign.
+std::optional<qulonglong> HexNumber(const QString& digits) {
+    const bool hex = !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), [](QChar c) {
+        return c.isDigit() || (c.toLower() >= QLatin1Char('a') && c.toLower() <= QLatin1Char('f'));
+    });
+    bool ok = false;
+    const qulonglong number = hex ? digits.toULongLong(&ok, 16) : 0;
+    return ok ? std::optional<qulonglong>(number) : std::nullopt;
+}
+
+constexpr double kMaxPeriod = 86400; // s
+const QString kDefaultSchedule = QStringLiteral("{1.00,0.00,0,0x0}");
+
+// "{period,phase,count,0xflags}" (seconds, seconds, a count, hexadecimal flags) as the receiver
+// prints it; nullopt when it is no such record or a number is out of range.
+std::optional<QString> MessageSchedule(const QString& value) {
+    if (!value.startsWith(QLatin1Char('{')) || !value.endsWith(QLatin1Char('}')))
+        return std::nullopt;
+    const QStringList parts = value.mid(1, value.size() - 2).split(QLatin1Char(','));
+    if (parts.size() != 4 || !parts[3].startsWith(QLatin1String("0x")))
+        return std::nullopt;
+    bool periodOk = false;
+    bool phaseOk = false;
+    bool countOk = false;
+    const double period = parts[0].toDouble(&periodOk);
+    const double phase = parts[1].toDouble(&phaseOk);
+    const qulonglong count = parts[2].toULongLong(&countOk);
+    const auto flags = HexNumber(parts[3].mid(2));
+    const auto inRange = [](double seconds) {
+        return seconds >= 0 && seconds <= kMaxPeriod;
+    };
+    if (!periodOk || !phaseOk || !countOk || !flags || !inRange(period) || !inRange(phase) ||
+        count > UINT32_MAX || *flags > UINT32_MAX)
+        return std::nullopt;
+    return QStringLiteral("{%1,%2,%3,0x%4}")
+        .arg(QString::number(period, 'f', 2), QString::number(phase, 'f', 2),
+             QString::number(count), QString::number(*flags, 16));
+}
+
+QString JoinRecord(const QStringList& items) {
+    return QLatin1Char('{') + items.join(QLatin1Char(',')) + QLatin1Char('}');
+}
+
 struct Target {
     QString path;
     QString attribute; // "def", "size", ... or empty
@@ -118,6 +162,24 @@ Target ParseTarget(QString text) {
     }
     t.path = CModel::Canonical(text);
     return t;
+}
+
+// "{name={schedule},...}"; items that are not a name and a schedule are left out.
+std::vector<std::pair<QString, QString>> ParseMessageSet(const QString& text) {
+    std::vector<std::pair<QString, QString>> messages;
+    if (text.size() < 2 || !text.startsWith(QLatin1Char('{')) || !text.endsWith(QLatin1Char('}')))
+        return messages;
+    for (const QString& item : SplitTopLevel(text.mid(1, text.size() - 2), QLatin1Char(','))) {
+        const qsizetype equals = item.indexOf(QLatin1Char('='));
+        if (const auto schedule = equals > 0 ? MessageSchedule(item.mid(equals + 1)) : std::nullopt)
+            messages.emplace_back(item.left(equals), *schedule);
+    }
+    return messages;
+}
+
+template <typename Messages> auto FindMessage(Messages& messages, const QString& name) {
+    return std::find_if(messages.begin(), messages.end(),
+                        [&name](const auto& message) { return message.first == name; });
 }
 
 } // namespace
@@ -143,6 +205,8 @@ CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
             continue;
         if (def.kind == ParamSpec::List)
             m_lists[def.path] = &def;
+        else if (def.kind == ParamSpec::MessageSet)
+            m_messageSets[def.path] = {&def, ParseMessageSet(def.defaultValue)};
         else
             AddParam(def, def.path);
     }
@@ -152,6 +216,8 @@ CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
     for (const auto& [path, value] : profile.values)
         if (auto it = m_params.find(path); it != m_params.end())
             it->second.value = value;
+        else if (auto set = m_messageSets.find(path); set != m_messageSets.end())
+            set->second.messages = ParseMessageSet(value);
     for (const auto& [path, field] : kIdentity)
         if (auto it = m_params.find(QLatin1String(path)); it != m_params.end())
             it->second.value = profile.*field;
@@ -169,18 +235,36 @@ std::optional<QString> CReceiverState::Value(const QString& path) const {
 }
 
 bool CReceiverState::Exists(const QString& path) const {
-    if (path.isEmpty() || m_params.contains(path) || m_lists.contains(path))
+    if (path.isEmpty() || m_params.contains(path) || m_lists.contains(path) ||
+        m_messageSets.contains(path))
         return true;
+    if (const auto message = SplitMessagePath(path)) {
+        const Schedules& messages = m_messageSets.at(message->first).messages;
+        return FindMessage(messages, message->second) != messages.end();
+    }
     const QString prefix = path + QLatin1Char('/');
     const auto below = [&prefix](const auto& map) {
         const auto next = map.lower_bound(prefix);
         return next != map.end() && next->first.startsWith(prefix);
     };
-    return below(m_params) || below(m_lists);
+    return below(m_params) || below(m_lists) || below(m_messageSets);
+}
+
+std::optional<std::pair<QString, QString>>
+CReceiverState::SplitMessagePath(const QString& path) const {
+    for (const auto& [set, messages] : m_messageSets)
+        if (path.size() > set.size() + 1 && path.startsWith(set + QLatin1Char('/')))
+            return std::pair(set, path.mid(set.size() + 1));
+    return std::nullopt;
 }
 
 QStringList CReceiverState::Children(const QString& path) const {
     QStringList names;
+    if (const auto set = m_messageSets.find(path); set != m_messageSets.end()) {
+        for (const auto& message : set->second.messages)
+            names << message.first;
+        return names;
+    }
     const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
     for (auto it = m_params.lower_bound(prefix); it != m_params.end(); ++it) {
         if (!it->first.startsWith(prefix))
@@ -189,13 +273,17 @@ QStringList CReceiverState::Children(const QString& path) const {
         if (names.isEmpty() || names.back() != name)
             names << name;
     }
-    // A list without items has no parameters yet, but is a member all the same.
+    // A list without items or a message set has no parameters, but is a member all the same.
     const qsizetype fromParams = names.size();
-    for (auto it = m_lists.lower_bound(prefix); it != m_lists.end(); ++it) {
-        if (!it->first.startsWith(prefix))
-            break;
-        names << it->first.mid(prefix.size()).section(QLatin1Char('/'), 0, 0);
-    }
+    const auto addNodes = [&](const auto& map) {
+        for (auto it = map.lower_bound(prefix); it != map.end(); ++it) {
+            if (!it->first.startsWith(prefix))
+                break;
+            names << it->first.mid(prefix.size()).section(QLatin1Char('/'), 0, 0);
+        }
+    };
+    addNodes(m_lists);
+    addNodes(m_messageSets);
     if (names.size() > fromParams) {
         names.sort();
         names.removeDuplicates();
@@ -206,7 +294,21 @@ QStringList CReceiverState::Children(const QString& path) const {
 QString CReceiverState::Subtree(const QString& path) const {
     if (const auto it = m_params.find(path); it != m_params.end()) {
         const ParamSpec& def = *it->second.def;
+        if (def.kind == ParamSpec::PortMessages) {
+            const auto port = m_messages.find(path.section(QLatin1Char('/'), 0, -2));
+            return JoinRecord(port == m_messages.end() ? QStringList() : port->second);
+        }
         return def.kind == ParamSpec::Text ? Quote(it->second.value) : it->second.value;
+    }
+    if (const auto set = m_messageSets.find(path); set != m_messageSets.end()) {
+        QStringList items;
+        for (const auto& [name, schedule] : set->second.messages)
+            items << name + QLatin1Char('=') + schedule;
+        return JoinRecord(items);
+    }
+    if (const auto message = SplitMessagePath(path)) {
+        const Schedules& messages = m_messageSets.at(message->first).messages;
+        return FindMessage(messages, message->second)->second;
     }
     QStringList parts;
     const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('/');
@@ -214,7 +316,7 @@ QString CReceiverState::Subtree(const QString& path) const {
     // joined to its parent is a path the receiver knows.
     for (const QString& name : Children(path))
         parts << name + QLatin1Char('=') + Subtree(prefix + name);
-    return QLatin1Char('{') + parts.join(QLatin1Char(',')) + QLatin1Char('}');
+    return JoinRecord(parts);
 }
 
 bool CReceiverState::IsPort(const QString& path) const {
@@ -223,6 +325,12 @@ bool CReceiverState::IsPort(const QString& path) const {
             (port.feature.isEmpty() || m_profile.features.contains(port.feature)))
             return true;
     return false;
+}
+
+QString CReceiverState::PortOf(const QString& path) const {
+    const QString canonical = CModel::Canonical(path);
+    const QString owner = canonical.section(QLatin1Char('/'), 0, -2);
+    return canonical.endsWith(QLatin1String("/msgs")) && IsPort(owner) ? owner : canonical;
 }
 
 Answer CReceiverState::Execute(const QString& line, SideEffects& effects) {
@@ -311,6 +419,14 @@ std::optional<QString> CReceiverState::Validate(const ParamSpec& def, const QStr
         }
         return e.texts.contains(value) ? std::optional<QString>(value) : std::nullopt;
     }
+    case ParamSpec::Hex: {
+        const auto number = HexNumber(value);
+        if (!number || *number < def.min || *number > def.max)
+            return std::nullopt;
+        return QString::number(*number, 16).toUpper();
+    }
+    case ParamSpec::Message:
+        return MessageSchedule(value);
     case ParamSpec::Int:
     case ParamSpec::UInt: {
         bool ok = false;
@@ -333,9 +449,12 @@ std::optional<QString> CReceiverState::Validate(const ParamSpec& def, const QStr
         return text;
     }
     case ParamSpec::Raw:
-    case ParamSpec::List:
         return !value.isEmpty() && BalancedBraces(value) ? std::optional<QString>(value)
                                                          : std::nullopt;
+    case ParamSpec::List:
+    case ParamSpec::MessageSet:
+    case ParamSpec::PortMessages:
+        return std::nullopt;
     }
     return std::nullopt;
 }
@@ -345,6 +464,17 @@ Answer CReceiverState::Set(const QStringList& args, SideEffects&) {
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const QString path = ParseTarget(args[0]).path;
     const QString value = args.mid(1).join(QLatin1Char(',')).trimmed();
+    if (const auto message = SplitMessagePath(path)) {
+        Schedules& messages = m_messageSets.at(message->first).messages;
+        const auto named = FindMessage(messages, message->second);
+        if (named == messages.end())
+            return ErrorAnswer(1, QStringLiteral("unknown path"));
+        const auto schedule = MessageSchedule(value);
+        if (!schedule)
+            return ErrorAnswer(2, QStringLiteral("value out of range"));
+        named->second = *schedule;
+        return {};
+    }
     const auto it = m_params.find(path);
     if (it == m_params.end())
         return ErrorAnswer(1, QStringLiteral("unknown path"));
@@ -379,6 +509,9 @@ Answer CReceiverState::Init(const QStringList& args, SideEffects&) {
     for (auto& [name, param] : m_params)
         if ((name == path || name.startsWith(prefix)) && !param.def->readonly)
             param.value = param.def->defaultValue;
+    for (auto& [name, set] : m_messageSets)
+        if (name == path || name.startsWith(prefix))
+            set.messages = ParseMessageSet(set.def->defaultValue);
     return {};
 }
 
@@ -386,6 +519,16 @@ Answer CReceiverState::Create(const QStringList& args, SideEffects&) {
     if (args.isEmpty() || args.size() > 2)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const QString path = ParseTarget(args[0]).path;
+    if (const auto message = SplitMessagePath(path)) {
+        Schedules& messages = m_messageSets.at(message->first).messages;
+        if (args.size() != 1)
+            return ErrorAnswer(3, QStringLiteral("bad syntax"));
+        if (!m_model.MessageNames().contains(message->second) ||
+            FindMessage(messages, message->second) != messages.end())
+            return ErrorAnswer(2, QStringLiteral("value out of range"));
+        messages.emplace_back(message->second, kDefaultSchedule);
+        return {};
+    }
     const auto list = m_lists.find(path);
     if (list == m_lists.end())
         return ErrorAnswer(1, QStringLiteral("unknown path"));
@@ -416,6 +559,18 @@ Answer CReceiverState::Remove(const QStringList& args, SideEffects&) {
     if (args.size() != 1)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
     const QString path = ParseTarget(args[0]).path;
+    if (const auto set = m_messageSets.find(path); set != m_messageSets.end()) {
+        set->second.messages.clear();
+        return {};
+    }
+    if (const auto message = SplitMessagePath(path)) {
+        Schedules& messages = m_messageSets.at(message->first).messages;
+        const auto named = FindMessage(messages, message->second);
+        if (named == messages.end())
+            return ErrorAnswer(1, QStringLiteral("unknown path"));
+        messages.erase(named);
+        return {};
+    }
     if (!m_lists.contains(path.section(QLatin1Char('/'), 0, -2)) || !Exists(path))
         return ErrorAnswer(1, QStringLiteral("unknown path"));
     std::erase_if(m_params, [&](const auto& entry) {
@@ -435,10 +590,12 @@ std::optional<Answer> CReceiverState::RefusePort(const QString& port, bool sendi
 Answer CReceiverState::EnableMessages(const QStringList& args, SideEffects&) {
     if (args.size() != 2)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
-    const QString port = CModel::Canonical(args[0]);
+    const QString port = PortOf(args[0]);
     if (const auto refused = RefusePort(port, true))
         return *refused;
     const QString set = args[1].trimmed();
+    if (!m_model.MessageNames().contains(set))
+        return ErrorAnswer(2, QStringLiteral("value out of range"));
     if (!m_messages[port].contains(set))
         m_messages[port] << set;
     return {};
@@ -447,13 +604,15 @@ Answer CReceiverState::EnableMessages(const QStringList& args, SideEffects&) {
 Answer CReceiverState::DisableMessages(const QStringList& args, SideEffects&) {
     if (args.isEmpty() || args.size() > 2)
         return ErrorAnswer(3, QStringLiteral("bad syntax"));
-    const QString port = CModel::Canonical(args[0]);
+    const QString port = PortOf(args[0]);
     if (const auto refused = RefusePort(port, false))
         return *refused;
     if (args.size() == 1)
         m_messages.erase(port);
-    else
+    else if (m_model.MessageNames().contains(args[1].trimmed()))
         m_messages[port].removeAll(args[1].trimmed());
+    else
+        return ErrorAnswer(2, QStringLiteral("value out of range"));
     return {};
 }
 

@@ -57,6 +57,12 @@ private:
         const ParamSpec* def;
         QString value;
     };
+    // Message names with their schedules, in the order they were created.
+    using Schedules = std::vector<std::pair<QString, QString>>;
+    struct MessageSet {
+        const ParamSpec* def;
+        Schedules messages;
+    };
 
     Answer Print(const QStringList& args, SideEffects&);
     Answer Set(const QStringList& args, SideEffects&);
@@ -81,6 +87,10 @@ private:
     QStringList Children(const QString& path) const;
     std::optional<QString> Validate(const ParamSpec& def, const QString& value) const;
     bool IsPort(const QString& path) const;
+    // "<port>/msgs" reads and changes the port's message sets as "<port>" does.
+    QString PortOf(const QString& path) const;
+    // {set path, message name} when `path` names a message below a message set.
+    std::optional<std::pair<QString, QString>> SplitMessagePath(const QString& path) const;
     // The error for a port that is unknown, or that refuses output when `sending`.
     std::optional<Answer> RefusePort(const QString& port, bool sending) const;
 
@@ -88,6 +98,7 @@ private:
     Profile m_profile;
     std::map<QString, Param> m_params;
     std::map<QString, const ParamSpec*> m_lists; // keyed lists by path
+    std::map<QString, MessageSet> m_messageSets;
     std::set<QString> m_refusing;
     std::map<QString, QStringList> m_messages; // port → enabled message sets
     QStringList m_events;

@@ -49,9 +49,13 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"set,pos/gps/sat,{n,n,y}", false, ""},
         {"print,pos/gps/sat", false, "{n,n,y}"},
         {"set,pos/gps/sat,{n,n", true, "{2,,value out of range}"},
-        {"list,/", false, "{ant,app,cur,dev,net,omni,pos,rcv}"}, // "app" holds an empty list
+        {"set,pos/mask,a0", false, ""},
+        {"print,pos/mask", false, "A0"}, // hexadecimal, upper case
+        {"set,pos/mask,0x10", true, "{2,,value out of range}"},
+        {"set,pos/mask,10000", true, "{2,,value out of range}"},
+        {"list,/", false, "{ant,app,cur,dev,msg,net,omni,pos,rcv}"}, // "app" holds an empty list
         {"print,app:on", false, "{ntrip={caster={usr={}}}}"},
-        {"print,dev/ser/a:on", false, "{rate=9600,rtscts=off}"},
+        {"print,dev/ser/a:on", false, "{msgs={},rate=9600,rtscts=off}"},
         {"create,app/ntrip/caster/usr,3", false, "3"},
         {"create,app/ntrip/caster/usr,4", true, "{2,,value out of range}"}, // the list's maximum
         {"set,app/ntrip/caster/usr/03/name,\"ann\"", false, ""},
@@ -61,8 +65,35 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"print,app/ntrip/caster/usr&[name", true, "{3,,bad syntax}"},
         {"em,/dev/ser/a,jps/RT", false, ""},
         {"em,/dev/ser/a,jps/RT", false, ""}, // the same set twice is held once
+        {"em,dev/ser/a/msgs,nmea/GGA", false, ""},
+        {"print,dev/ser/a/msgs", false, "{jps/RT,nmea/GGA}"},
+        {"em,/dev/ser/a,jps/XX", true, "{2,,value out of range}"},
+        {"dm,/dev/ser/a/msgs,nmea/GGA", false, ""},
+        {"set,dev/ser/a/msgs,{}", true, "{2,,access denied}"},
+        {"list,dev/ser/a/msgs", false, "{}"},
         {"em,/dev/ser/b,jps/RT", false, ""},
         {"dm,/dev/ser/b", false, ""},
+        {"print,dev/ser/b/msgs", false, "{}"},
+        // The default message set: named schedules in the order they were created.
+        {"print,msg/def/", false, "{nmea/GGA={1.00,0.00,0,0x0}}"},
+        {"create,msg/def/jps/RT", false, ""},
+        {"create,msg/def/jps/RT", true, "{2,,value out of range}"},
+        {"create,msg/def/jps/XX", true, "{2,,value out of range}"},
+        {"set,msg/def/jps/RT,{0.5,0.25,3,0x1F}", false, ""},
+        {"print,msg/def/jps/RT", false, "{0.50,0.25,3,0x1f}"},
+        {"set,msg/def/jps/RT,{0.5,0.25,3}", true, "{2,,value out of range}"},
+        {"set,msg/def/jps/RT,{-1,0,0,0x0}", true, "{2,,value out of range}"},
+        {"set,msg/def/jps/RT,{1,0,0,1F}", true, "{2,,value out of range}"},
+        {"set,msg/def/nmea/GGA", true, "{3,,bad syntax}"},
+        {"list,msg/def", false, "{nmea/GGA,jps/RT}"},
+        {"print,msg:on", false, "{def={nmea/GGA={1.00,0.00,0,0x0},jps/RT={0.50,0.25,3,0x1f}}}"},
+        {"remove,msg/def/nmea/GGA", false, ""},
+        {"remove,msg/def/nmea/GGA", true, "{1,,unknown path}"},
+        {"print,msg/def/nmea/GGA", true, "{1,,unknown path}"},
+        {"remove,msg/def/", false, ""},
+        {"print,msg/def", false, "{}"},
+        {"init,msg", false, ""},
+        {"print,msg/def", false, "{nmea/GGA={1.00,0.00,0,0x0}}"},
         {"out,/dev/ser/b,\"hello\"", false, ""},
         {"event,\"start=1\"", false, ""},
         {"print", true, "{3,,bad syntax}"},
@@ -114,6 +145,7 @@ TEST(ShippedModel, EveryProfileAnswersItsIdentity) {
                   '"' + profile.firmware + '"');
         EXPECT_EQ(state.Execute("print,rcv/ver/board", effects).text, '"' + profile.board + '"');
         EXPECT_FALSE(state.Execute("print,cur/term/rate", effects).error);
+        EXPECT_NE(state.Execute("print,msg/def", effects).text, QStringLiteral("{}"));
     }
 }
 
@@ -124,7 +156,9 @@ TEST(ShippedModel, EveryDefaultIsAcceptedBack) {
         CReceiverState state(model, profile);
         rxsim::SideEffects effects;
         for (const rxsim::ParamSpec& def : model.Params()) {
+            // Lists and message sets are nodes: their members are set, not they.
             if (def.readonly || def.kind == rxsim::ParamSpec::List ||
+                def.kind == rxsim::ParamSpec::MessageSet ||
                 (!def.feature.isEmpty() && !profile.features.contains(def.feature)) ||
                 (def.kind == rxsim::ParamSpec::Raw && def.defaultValue.isEmpty()))
                 continue;
