@@ -620,17 +620,21 @@ public:
         }
         double real = 0;
         const std::errc error = std::from_chars(text, end, real).ec;
+        // Out of range with a negative exponent is too small for a double: the reader has refused
+        // integer parts too large for one already.
         if (error == std::errc::result_out_of_range && exponent != end && exponent[1] == '-')
-            return m_document.Double(*text == '-' ? -0.0 : 0.0); // too small: zero, as it was
+            return m_document.Double(*text == '-' ? -0.0 : 0.0);
         return error == std::errc() && m_document.Double(real);
     }
-    bool Null() { return m_document.Null(); }
-    bool Bool(bool b) { return m_document.Bool(b); }
+    // The reader's own number events never come with kParseNumbersAsStringsFlag; it still needs
+    // them to exist.
     bool Int(int i) { return m_document.Int(i); }
     bool Uint(unsigned u) { return m_document.Uint(u); }
     bool Int64(std::int64_t i) { return m_document.Int64(i); }
     bool Uint64(std::uint64_t u) { return m_document.Uint64(u); }
     bool Double(double d) { return m_document.Double(d); }
+    bool Null() { return m_document.Null(); }
+    bool Bool(bool b) { return m_document.Bool(b); }
     bool String(const char* text, rapidjson::SizeType length, bool copy) {
         return m_document.String(text, length, copy);
     }
