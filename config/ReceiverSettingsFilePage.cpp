@@ -21,7 +21,7 @@ CReceiverSettingsFilePage::CReceiverSettingsFilePage(std::shared_ptr<rxio::IRece
                                                      unsigned titleId, unsigned subtitleId,
                                                      EMode mode, QWidget* parent)
     : CPellPropertyPage(std::move(receiver), g_PellLibApp.XLoadString(titleId), parent),
-      m_mode(mode), m_path(new QLineEdit), m_browse(new QToolButton) {
+      m_mode(mode), m_path(new QLineEdit), m_browse(new QToolButton), m_summary(new QLabel) {
     SetSubtitle(g_PellLibApp.XLoadString(subtitleId));
     m_path->setObjectName(QStringLiteral("filePath"));
     m_path->setClearButtonEnabled(true);
@@ -37,7 +37,10 @@ CReceiverSettingsFilePage::CReceiverSettingsFilePage(std::shared_ptr<rxio::IRece
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(row);
+    layout->addWidget(m_summary);
     layout->addStretch();
+    m_summary->setWordWrap(true);
+    m_summary->hide();
     connect(m_browse, &QToolButton::clicked, this, &CReceiverSettingsFilePage::Browse);
 }
 
@@ -47,6 +50,11 @@ QString CReceiverSettingsFilePage::FilePath() const {
 
 void CReceiverSettingsFilePage::SetFilePath(const QString& path) {
     m_path->setText(path);
+}
+
+void CReceiverSettingsFilePage::SetSummary(const QString& text) {
+    m_summary->setText(text);
+    m_summary->setVisible(!text.isEmpty());
 }
 
 QString CReceiverSettingsFilePage::SettingsKey() const {

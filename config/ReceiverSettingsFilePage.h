@@ -3,6 +3,7 @@
 #include "lib/PellPropertyPage.h"
 #include "lib/pell_export.h"
 
+class QLabel;
 class QLineEdit;
 class QToolButton;
 
@@ -21,6 +22,8 @@ public:
     void SetFilePath(const QString& path);
     // Stores the path for the next time the page opens.
     void RememberFilePath();
+    // A line under the file name; none when empty.
+    void SetSummary(const QString& text);
 
 protected:
     void OnInitDialog() override;
@@ -32,4 +35,5 @@ private:
     EMode m_mode;
     QLineEdit* m_path;
     QToolButton* m_browse;
+    QLabel* m_summary;
 };

@@ -4,6 +4,7 @@
 #include "resources/StringIds.h"
 
 #include <QHeaderView>
+#include <algorithm>
 
 namespace {
 
@@ -36,6 +37,10 @@ CReceiverSettingsTree::CReceiverSettingsTree(QWidget* parent) : QTreeWidget(pare
     header()->setSectionResizeMode(0, QHeaderView::Interactive);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
+    connect(this, &QTreeWidget::itemExpanded, this, [this] {
+        m_namesWidth = sizeHintForColumn(0);
+        FitColumns();
+    });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         if (column != 0)
             return;
@@ -74,8 +79,18 @@ void CReceiverSettingsTree::UpdateValues() {
         return;
     for (Variable* variable : AllVariables(*m_root))
         UpdateVariable(*variable);
+    m_namesWidth = sizeHintForColumn(0);
+    FitColumns();
+}
+
+void CReceiverSettingsTree::resizeEvent(QResizeEvent* event) {
+    QTreeWidget::resizeEvent(event);
+    FitColumns();
+}
+
+void CReceiverSettingsTree::FitColumns() {
     if (g_showValues)
-        resizeColumnToContents(0);
+        setColumnWidth(0, std::min(m_namesWidth, viewport()->width() * 3 / 5));
 }
 
 void CReceiverSettingsTree::UpdateVariable(const Variable& variable) {

@@ -35,10 +35,16 @@ public:
     // The lines of the details box, CR LF between them.
     static QString DetailsText(const VOXA2JSON::Element& element);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void AddChildren(QTreeWidgetItem* parent, const VOXA2JSON::Object& object);
+    // Names as wide as they need, but never so wide that the values leave a small screen.
+    void FitColumns();
 
     std::shared_ptr<VOXA2JSON::Object> m_root;
     std::map<const VOXA2JSON::Element*, QTreeWidgetItem*> m_items;
     QString m_missingText;
+    int m_namesWidth = 0;
 };

@@ -10,9 +10,14 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QXmlStreamReader>
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
+#include <cstring>
 #include <rapidjson/document.h>
+#include <rapidjson/encodedstream.h>
+#include <rapidjson/memorystream.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
@@ -478,12 +483,34 @@ void WriteObject(JsonWriter& writer, const Object& object) {
 
 using JsonValue = rapidjson::Value;
 
-const JsonValue* Member(const JsonValue& object, const QString& name) {
-    const QByteArray key = name.toUtf8();
-    const auto member =
-        object.FindMember(rapidjson::StringRef(key.constData(), rapidjson::SizeType(key.size())));
-    return member == object.MemberEnd() ? nullptr : &member->value;
-}
+// Finds the members of one object by name, looking first just after the member found last: a file
+// written from the same dictionary holds them in its order, so each is found at once.
+class Members {
+public:
+    explicit Members(const JsonValue* object) : m_object(object) {
+        if (m_object)
+            m_next = m_object->MemberBegin();
+    }
+
+    const JsonValue* Find(const QString& name) {
+        if (!m_object)
+            return nullptr;
+        const QByteArray key = name.toUtf8();
+        const auto size = rapidjson::SizeType(key.size());
+        auto member = m_next;
+        if (member == m_object->MemberEnd() || member->name.GetStringLength() != size ||
+            std::memcmp(member->name.GetString(), key.constData(), size) != 0)
+            member = m_object->FindMember(rapidjson::StringRef(key.constData(), size));
+        if (member == m_object->MemberEnd())
+            return nullptr;
+        m_next = member + 1;
+        return &member->value;
+    }
+
+private:
+    const JsonValue* m_object;
+    JsonValue::ConstMemberIterator m_next;
+};
 
 QString JsonText(const JsonValue& value) {
     return QString::fromUtf8(value.GetString(), qsizetype(value.GetStringLength()));
@@ -492,11 +519,12 @@ QString JsonText(const JsonValue& value) {
 std::optional<Message> JsonMessage(const JsonValue& value) {
     if (!value.IsObject())
         return std::nullopt;
-    const JsonValue* name = Member(value, QStringLiteral("Message"));
-    const JsonValue* period = Member(value, QStringLiteral("Period"));
-    const JsonValue* phase = Member(value, QStringLiteral("Phase"));
-    const JsonValue* count = Member(value, QStringLiteral("Count"));
-    const JsonValue* flags = Member(value, QStringLiteral("Flags"));
+    Members members(&value);
+    const JsonValue* name = members.Find(QStringLiteral("Message"));
+    const JsonValue* period = members.Find(QStringLiteral("Period"));
+    const JsonValue* phase = members.Find(QStringLiteral("Phase"));
+    const JsonValue* count = members.Find(QStringLiteral("Count"));
+    const JsonValue* flags = members.Find(QStringLiteral("Flags"));
     if (!name || !name->IsString() || !period || !period->IsNumber() || !phase ||
         !phase->IsNumber() || !count || !count->IsUint() || !flags || !flags->IsUint())
         return std::nullopt;
@@ -556,8 +584,9 @@ std::optional<Value> TakeValue(EType type, const JsonValue& json) {
 }
 
 void TakeObject(Object& object, const JsonValue* json) {
+    Members members(json);
     for (const auto& child : object.children) {
-        const JsonValue* member = json ? Member(*json, child->name) : nullptr;
+        const JsonValue* member = members.Find(child->name);
         if (child->IsObject()) {
             TakeObject(static_cast<Object&>(*child),
                        member && member->IsObject() ? member : nullptr);
@@ -570,28 +599,65 @@ void TakeObject(Object& object, const JsonValue* json) {
     }
 }
 
-// Depth of the deepest object or array, counted without building anything.
-int JsonDepth(const QByteArray& json) {
-    int depth = 0;
-    int deepest = 0;
-    bool inString = false;
-    for (qsizetype i = 0; i < json.size(); ++i) {
-        const char c = json.at(i);
-        if (inString) {
-            if (c == '\\')
-                ++i;
-            else if (c == '"')
-                inString = false;
-        } else if (c == '"') {
-            inString = true;
-        } else if (c == '{' || c == '[') {
-            deepest = std::max(deepest, ++depth);
-        } else if (c == '}' || c == ']') {
-            --depth;
+// Builds the document, refusing objects and arrays nested deeper than kMaxDepth as they come, and
+// with numbers converted by the standard library, correctly rounded: the fast conversion of
+// rapidjson 1.1.0 reads some floats a bit off what was written, its precise one reads "0e90" as a
+// huge number.
+class DocumentBuilder {
+public:
+    explicit DocumentBuilder(rapidjson::Document& document) : m_document(document) {}
+
+    bool RawNumber(const char* text, rapidjson::SizeType length, bool) {
+        const char* end = text + length;
+        const char* exponent = std::find_if(text, end, [](char c) { return c == 'e' || c == 'E'; });
+        if (exponent == end && std::find(text, end, '.') == end) {
+            std::int64_t integer = 0;
+            if (std::from_chars(text, end, integer).ec == std::errc())
+                return m_document.Int64(integer);
+            std::uint64_t natural = 0;
+            if (std::from_chars(text, end, natural).ec == std::errc())
+                return m_document.Uint64(natural);
         }
+        double real = 0;
+        const std::errc error = std::from_chars(text, end, real).ec;
+        // Out of range with a negative exponent is too small for a double: the reader has refused
+        // integer parts too large for one already.
+        if (error == std::errc::result_out_of_range && exponent != end && exponent[1] == '-')
+            return m_document.Double(*text == '-' ? -0.0 : 0.0);
+        return error == std::errc() && m_document.Double(real);
     }
-    return deepest;
-}
+    // The reader's own number events never come with kParseNumbersAsStringsFlag; it still needs
+    // them to exist.
+    bool Int(int i) { return m_document.Int(i); }
+    bool Uint(unsigned u) { return m_document.Uint(u); }
+    bool Int64(std::int64_t i) { return m_document.Int64(i); }
+    bool Uint64(std::uint64_t u) { return m_document.Uint64(u); }
+    bool Double(double d) { return m_document.Double(d); }
+    bool Null() { return m_document.Null(); }
+    bool Bool(bool b) { return m_document.Bool(b); }
+    bool String(const char* text, rapidjson::SizeType length, bool copy) {
+        return m_document.String(text, length, copy);
+    }
+    bool StartObject() { return Enter() && m_document.StartObject(); }
+    bool Key(const char* text, rapidjson::SizeType length, bool copy) {
+        return m_document.Key(text, length, copy);
+    }
+    bool EndObject(rapidjson::SizeType members) {
+        --m_depth;
+        return m_document.EndObject(members);
+    }
+    bool StartArray() { return Enter() && m_document.StartArray(); }
+    bool EndArray(rapidjson::SizeType items) {
+        --m_depth;
+        return m_document.EndArray(items);
+    }
+
+private:
+    bool Enter() { return ++m_depth <= SettingsDocument::kMaxDepth; }
+
+    rapidjson::Document& m_document;
+    int m_depth = 0;
+};
 
 // ---- writing ----
 
@@ -964,13 +1030,22 @@ SettingsDocument& SettingsDocument::operator=(SettingsDocument&&) noexcept = def
 SettingsDocument::~SettingsDocument() = default;
 
 std::optional<SettingsDocument> SettingsDocument::Parse(const QByteArray& json) {
-    if (json.size() > kMaxBytes || JsonDepth(json) > kMaxDepth)
+    if (json.size() > kMaxBytes)
         return std::nullopt;
     auto impl = std::make_unique<Impl>();
-    constexpr unsigned flags =
-        rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
-    impl->document.Parse<flags>(json.constData(), size_t(json.size()));
-    if (impl->document.HasParseError() || !impl->document.IsObject())
+    constexpr unsigned flags = rapidjson::kParseIterativeFlag |
+                               rapidjson::kParseValidateEncodingFlag |
+                               rapidjson::kParseNumbersAsStringsFlag;
+    bool parsed = false;
+    const auto parse = [&](rapidjson::Document& document) {
+        DocumentBuilder handler(document);
+        rapidjson::MemoryStream bytes(json.constData(), size_t(json.size()));
+        rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> input(bytes);
+        parsed = !rapidjson::Reader().Parse<flags>(input, handler).IsError();
+        return parsed;
+    };
+    impl->document.Populate(parse);
+    if (!parsed || !impl->document.IsObject())
         return std::nullopt;
     return SettingsDocument(std::move(impl));
 }

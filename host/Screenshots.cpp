@@ -4,6 +4,12 @@
 #include "MainWindow.h"
 #include "Model.h"
 #include "Simulator.h"
+#include "config/ReceiverSettingsExport_SelectFilePP.h"
+#include "config/ReceiverSettingsExport_SelectParametersPP.h"
+#include "config/ReceiverSettingsImport_ProgressPP.h"
+#include "config/ReceiverSettingsImport_SelectFilePP.h"
+#include "config/ReceiverSettingsImport_SelectParametersPP.h"
+#include "config/SettingsFile.h"
 #include "status/ReceiverStatusPS.h"
 #include "status/StatusSatPlotPP.h"
 
@@ -11,6 +17,9 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPushButton>
 #include <QSlider>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -98,6 +107,77 @@ bool SettleUntil(const std::function<bool()>& done, int ms) {
     return true;
 }
 
+// Opens the branch of the settings tree named `name` with all below it.
+void ExpandBranch(CReceiverSettingsTree& tree, const QString& name) {
+    const QList<QTreeWidgetItem*> found = tree.findItems(name, Qt::MatchExactly, 0);
+    if (found.isEmpty())
+        return;
+    found.front()->setExpanded(true);
+    for (int i = 0; i < found.front()->childCount(); ++i)
+        found.front()->child(i)->setExpanded(true);
+    tree.scrollToItem(found.front(), QAbstractItemView::PositionAtTop);
+}
+
+// Both settings wizards over the connected receiver, values shown: the export reads them, and
+// the import loads them back with one value the receiver refuses, so the report shows a failure.
+void SaveSettingsWizards(Shooter& shooter, MainWindow& window, const QDir& folder) {
+    const QString file = folder.filePath(QStringLiteral("ostrel-q-settings.json"));
+    CReceiverSettingsTree::SetShowValues(true);
+    {
+        CPellWindow<CReceiverSettingsExportWizard> wizard(window.Receiver(), &window);
+        wizard.resize(kDesktop);
+        wizard.show();
+        CReceiverSettingsExport_SelectParametersPP& page = wizard.ParametersPage();
+        if (!SettleUntil([&] { return page.HasRead(); }, 60000)) {
+            QTextStream(stderr) << "the export wizard read no values\n";
+            shooter.Fail();
+            return;
+        }
+        ExpandBranch(page.Tree(), QStringLiteral("Positioning"));
+        shooter.SaveBothSizes(wizard, QStringLiteral("settings-export-parameters"));
+        wizard.findChild<QPushButton*>(QStringLiteral("nextButton"))->click();
+        wizard.FilePage().SetFilePath(file);
+        shooter.SaveBothSizes(wizard, QStringLiteral("settings-export-file"));
+
+        QJsonObject settings = QJsonDocument::fromJson(VOXA2JSON::BuildJson(*page.Root())).object();
+        QJsonObject positioning = settings.value(QStringLiteral("Positioning")).toObject();
+        positioning.insert(QStringLiteral("ElevationMask"), 95);
+        settings.insert(QStringLiteral("Positioning"), positioning);
+        QString error;
+        if (!VOXA2JSON::WriteSettingsFile(
+                file, QJsonDocument(settings).toJson(QJsonDocument::Compact), &error)) {
+            QTextStream(stderr) << error << '\n';
+            shooter.Fail();
+        }
+        wizard.close();
+    }
+    CPellWindow<CReceiverSettingsImportWizard> wizard(window.Receiver(), &window);
+    wizard.resize(kDesktop);
+    wizard.show();
+    wizard.FilePage().SetFilePath(file);
+    shooter.SaveBothSizes(wizard, QStringLiteral("settings-import-file"));
+    wizard.findChild<QPushButton*>(QStringLiteral("nextButton"))->click();
+    ExpandBranch(wizard.ParametersPage().Tree(), QStringLiteral("Positioning"));
+    shooter.SaveBothSizes(wizard, QStringLiteral("settings-import-parameters"));
+    wizard.findChild<QPushButton*>(QStringLiteral("nextButton"))->click();
+    CReceiverSettingsImport_ProgressPP& progress = wizard.ProgressPage();
+    bool done = false;
+    QObject::connect(&progress, &CReceiverSettingsImport_ProgressPP::writingDone,
+                     [&] { done = true; });
+    if (!SettleUntil([&] { return done; }, 60000)) {
+        QTextStream(stderr) << "the import wizard did not finish writing\n";
+        shooter.Fail();
+    }
+    // The refused value in view.
+    const QList<QTreeWidgetItem*> refused =
+        progress.Rows().findItems(QStringLiteral("Positioning/ElevationMask"), Qt::MatchExactly, 0);
+    if (!refused.isEmpty())
+        progress.Rows().scrollToItem(refused.front(), QAbstractItemView::PositionAtCenter);
+    shooter.SaveBothSizes(wizard, QStringLiteral("settings-import-progress"));
+    wizard.close();
+    CReceiverSettingsTree::SetShowValues(false);
+}
+
 // The status sheet over the sky of the receiver the command line named, once it has sent one.
 void SaveSourceSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> model,
                      const pell::ReceiverTarget& source) {
@@ -161,6 +241,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     Settle();
     shooter.SaveBothSizes(window, QStringLiteral("main-window"));
     SaveStatusSheet(shooter, simulator, window);
+    SaveSettingsWizards(shooter, window, dir);
     if (served)
         served->abort();
     Settle();

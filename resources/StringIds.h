@@ -151,5 +151,6 @@ constexpr unsigned SettingsDetailsType = 61439;
 constexpr unsigned SettingsDetailsTrue = 61440;
 constexpr unsigned SettingsDetailsFalse = 61441;
 constexpr unsigned SettingsDetailsParameter = 61442;
+constexpr unsigned SettingsWillBeSaved = 61443;
 
 } // namespace pell::ids

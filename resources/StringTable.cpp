@@ -146,11 +146,16 @@ constexpr StringEntry kEntries[] = {
     {61414, QT_TRANSLATE_NOOP3("PellLib", "Select File To Import Parameters", "61414")},
     {61415, QT_TRANSLATE_NOOP3("PellLib", "Select Parameters To Import", "61415")},
     {61416, QT_TRANSLATE_NOOP3("PellLib", "Progress", "61416")},
-    {61417, QT_TRANSLATE_NOOP3("PellLib", "Check the settings to save. Values are read from the receiver.", "61417")},
+    {61417,
+     QT_TRANSLATE_NOOP3("PellLib", "Check the settings to save. Values are read from the receiver.",
+                        "61417")},
     {61418, QT_TRANSLATE_NOOP3("PellLib", "Choose the file the settings are saved to.", "61418")},
-    {61419, QT_TRANSLATE_NOOP3("PellLib", "Choose a settings file saved from a receiver.", "61419")},
-    {61420, QT_TRANSLATE_NOOP3("PellLib", "Check the settings to load into the receiver.", "61420")},
-    {61421, QT_TRANSLATE_NOOP3("PellLib", "Each setting is written to the receiver in turn.", "61421")},
+    {61419,
+     QT_TRANSLATE_NOOP3("PellLib", "Choose a settings file saved from a receiver.", "61419")},
+    {61420,
+     QT_TRANSLATE_NOOP3("PellLib", "Check the settings to load into the receiver.", "61420")},
+    {61421,
+     QT_TRANSLATE_NOOP3("PellLib", "Each setting is written to the receiver in turn.", "61421")},
     {61422, QT_TRANSLATE_NOOP3("PellLib", "Show values", "61422")},
     {61423, QT_TRANSLATE_NOOP3("PellLib", "Details…", "61423")},
     {61424, QT_TRANSLATE_NOOP3("PellLib", "File:", "61424")},
@@ -172,6 +177,7 @@ constexpr StringEntry kEntries[] = {
     {61440, QT_TRANSLATE_NOOP3("PellLib", ", True = ", "61440")},
     {61441, QT_TRANSLATE_NOOP3("PellLib", ", False = ", "61441")},
     {61442, QT_TRANSLATE_NOOP3("PellLib", "VOXA Parameter = ", "61442")},
+    {61443, QT_TRANSLATE_NOOP3("PellLib", "%1 settings will be saved.", "61443")},
 };
 
 } // namespace

@@ -703,6 +703,11 @@
         <comment>61442</comment>
         <translation>VOXA-Parameter = </translation>
     </message>
+    <message>
+        <source>%1 settings will be saved.</source>
+        <comment>61443</comment>
+        <translation>%1 Einstellungen werden gesichert.</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

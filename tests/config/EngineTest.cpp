@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -322,7 +323,8 @@ TEST(SettingsFile, HostileFilesAreRefusedOrSkippedMemberByMember) {
     huge[huge.size() - 1] = '}';
     for (const QByteArray& json :
          {QByteArray(), QByteArray("not json"), QByteArray("[1,2]"), QByteArray("{} {}"),
-          QByteArray("{\"a\":\"\xff\xfe\"}"), QByteArray("{\"a\":NaN}"), deep, huge})
+          QByteArray("{\"a\":\"\xff\xfe\"}"), QByteArray("{\"a\":NaN}"),
+          QByteArray("{\"a\":1e400}"), deep, huge})
         EXPECT_FALSE(SettingsDocument::Parse(json)) << json.left(40).constData();
 
     auto root = LoadTestDictionary();
@@ -337,6 +339,28 @@ TEST(SettingsFile, HostileFilesAreRefusedOrSkippedMemberByMember) {
         if (!variable->value.invalid)
             valid << variable->Path() + QLatin1Char('=') + DisplayText(*variable);
     EXPECT_EQ(valid, (QStringList{"Positioning/Pdop=7", "Positioning/Mode=sp"}));
+}
+
+TEST(SettingsFile, NumbersReadAsTheDoublesTheyWrite) {
+    const struct {
+        const char* text;
+        double value;
+    } numbers[] = {{"0.07000000000000001", 0.07000000000000001},
+                   {"99999999999999999999999992", 99999999999999999999999992.0},
+                   {"0e90", 0.0},
+                   {"-1e-400", -0.0},
+                   {"18446744073709551616", 18446744073709551616.0}};
+    for (const auto& number : numbers) {
+        auto root = LoadTestDictionary();
+        const auto document =
+            SettingsDocument::Parse(QByteArray(R"({"Positioning":{"Pdop":)") + number.text + "}}");
+        ASSERT_TRUE(document) << number.text;
+        TakeValues(*root, *document);
+        const Value& value = Find(*root, QStringLiteral("Positioning/Pdop")).value;
+        EXPECT_FALSE(value.invalid) << number.text;
+        EXPECT_EQ(value.real, number.value) << number.text;
+        EXPECT_EQ(std::signbit(value.real), std::signbit(number.value)) << number.text;
+    }
 }
 
 TEST_F(SettingsEngineTest, FailedOrStoppedExportLeavesTheEarlierFile) {
