@@ -17,9 +17,14 @@ CReceiverSettingsExport_SelectParametersPP::CReceiverSettingsExport_SelectParame
 
 void CReceiverSettingsExport_SelectParametersPP::OnInitDialog() {
     CReceiverSettingsParametersPage::OnInitDialog();
+    if (!Root())
+        return;
     // From the event loop, not from inside the sheet's own handling: Cancel stays clickable.
-    if (Root())
-        QTimer::singleShot(0, this, &CReceiverSettingsExport_SelectParametersPP::ReadValues);
+    QTimer::singleShot(0, this, &CReceiverSettingsExport_SelectParametersPP::ReadValues);
+    connect(&Tree(), &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
+        if (item->checkState(0) == Qt::Checked)
+            QTimer::singleShot(0, this, &CReceiverSettingsExport_SelectParametersPP::ReadValues);
+    });
 }
 
 void CReceiverSettingsExport_SelectParametersPP::OnSetActive() {
@@ -27,35 +32,47 @@ void CReceiverSettingsExport_SelectParametersPP::OnSetActive() {
     GetSheet()->SetWizardButtons(m_read ? pell::PSWIZB_NEXT : 0);
 }
 
-// Every variable is read, checked or not, so that checking one later needs no second reading.
+// The checked variables; what was read before comes from the accessor's cache without a command,
+// so a box checked later costs only its own reading.
 void CReceiverSettingsExport_SelectParametersPP::ReadValues() {
-    std::vector<VOXA2JSON::Variable*> variables = VOXA2JSON::AllVariables(*Root());
-    std::erase_if(variables, [](const VOXA2JSON::Variable* variable) {
-        return variable->Has(VOXA2JSON::WriteOnly);
-    });
-    const int total = int(variables.size());
-    Progress().setRange(0, std::max(total, 1));
+    if (m_reading) {
+        m_readAgain = true;
+        return;
+    }
+    m_reading = true;
+    SetReading(true);
+    GetSheet()->SetWizardButtons(0);
+    bool done = false;
     try {
-        for (int i = 0; i < total && !CancelRequested(); ++i) {
-            Status().setText(
-                g_PellLibApp.XLoadString(pell::ids::SettingsReading).arg(i + 1).arg(total));
-            VOXA2JSON::ReadVariable(*variables[i], Accessor());
-            Tree().UpdateVariable(*variables[i]);
-            Progress().setValue(i + 1);
-        }
+        do {
+            m_readAgain = false;
+            done = VOXA2JSON::ReadAll(
+                *Root(), Accessor(),
+                [this](int read, int total) {
+                    Progress().setRange(0, std::max(total, 1));
+                    Progress().setValue(read);
+                    Status().setText(
+                        read < total
+                            ? g_PellLibApp.XLoadString(pell::ids::SettingsReading)
+                                  .arg(read + 1)
+                                  .arg(total)
+                            : g_PellLibApp.XLoadString(pell::ids::SettingsRead).arg(total));
+                    return !CancelRequested();
+                },
+                [this](const VOXA2JSON::Variable& variable) { Tree().UpdateVariable(variable); });
+        } while (done && m_readAgain);
     } catch (const ulm_std::CWinException& error) {
         // Cancelled, or the connection went and its notice closes the wizard.
         if (error.GetErrorCode() != pell::ERROR_CANCELLED &&
             error.GetErrorCode() != pell::ERROR_DEV_NOT_EXIST)
             error.ReportError(this);
-        return;
+        done = false;
     }
-    if (CancelRequested())
+    m_reading = false;
+    SetReading(false);
+    if (!done)
         return;
     m_read = true;
-    Progress().setValue(Progress().maximum());
-    Status().setText(g_PellLibApp.XLoadString(pell::ids::SettingsRead).arg(total));
     if (GetSheet()->GetActivePage() == this)
         GetSheet()->SetWizardButtons(pell::PSWIZB_NEXT);
-    emit readingDone();
 }

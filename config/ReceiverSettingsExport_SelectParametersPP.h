@@ -3,7 +3,8 @@
 #include "config/ReceiverSettingsParametersPage.h"
 
 // The export wizard's first page: the dictionary's tree, checked by DONOTEXPORTBYDEFAULT, with
-// the receiver's values read into it as soon as the page shows. Next waits for the reading.
+// the checked variables' values read into it as soon as the page shows; a variable checked later
+// is read then. Next waits for the reading.
 class PELL_EXPORT CReceiverSettingsExport_SelectParametersPP
     : public CReceiverSettingsParametersPage {
     Q_OBJECT
@@ -14,9 +15,6 @@ public:
     // Every value has been read.
     bool HasRead() const { return m_read; }
 
-signals:
-    void readingDone();
-
 protected:
     void OnInitDialog() override;
     void OnSetActive() override;
@@ -25,4 +23,6 @@ private:
     void ReadValues();
 
     bool m_read = false;
+    bool m_reading = false;
+    bool m_readAgain = false;
 };

@@ -55,7 +55,15 @@ bool CReceiverSettingsImport_ProgressPP::OnQueryCancel() {
     return false;
 }
 
+void CReceiverSettingsImport_ProgressPP::OnDestroy() {
+    m_closing = true;
+    m_cancel.request_stop();
+    CPellPropertyPage::OnDestroy();
+}
+
 void CReceiverSettingsImport_ProgressPP::Write() {
+    if (m_closing)
+        return;
     m_rows->clear();
     m_writing = true;
     m_cancel = std::stop_source();
@@ -90,6 +98,10 @@ void CReceiverSettingsImport_ProgressPP::Write() {
         }
         if (error.GetErrorCode() != pell::ERROR_CANCELLED)
             error.ReportError(this);
+    }
+    if (m_closing) {
+        m_writing = false;
+        return;
     }
     if (m_cancel.stop_requested()) {
         m_status->setText(g_PellLibApp.XLoadString(pell::ids::SettingsCancelling));

@@ -29,6 +29,9 @@ signals:
 protected:
     void OnSetActive() override;
     bool OnQueryCancel() override;
+    // The wizard may close on a receiver's notice without asking: the walk stops, and nothing is
+    // put back into a receiver that is going away.
+    void OnDestroy() override;
 
 private:
     void Write();
@@ -39,4 +42,5 @@ private:
     QLabel* m_status;
     std::stop_source m_cancel;
     bool m_writing = false;
+    bool m_closing = false;
 };

@@ -72,9 +72,19 @@ bool CReceiverSettingsParametersPage::OnQueryCancel() {
     return true;
 }
 
+void CReceiverSettingsParametersPage::OnDestroy() {
+    m_cancel.request_stop();
+    CPellPropertyPage::OnDestroy();
+}
+
+void CReceiverSettingsParametersPage::SetReading(bool reading) {
+    m_reading = reading;
+    m_details->setEnabled(!reading);
+}
+
 void CReceiverSettingsParametersPage::ShowDetails() {
     VOXA2JSON::Element* element = m_tree->ElementOf(m_tree->currentItem());
-    if (!element)
+    if (!element || m_reading || CVexReceiverMate::IsPending(GetReceiver().get()))
         return;
     RunUserAction([&] {
         // The import page has read nothing: find out here where the variable lives.

@@ -34,7 +34,11 @@ public:
 protected:
     void OnInitDialog() override;
     bool OnQueryCancel() override;
+    // Stops a walk under way: the wizard may close on a receiver's notice without asking.
+    void OnDestroy() override;
 
+    // While the receiver is being read, the details (which would talk to it too) wait.
+    void SetReading(bool reading);
     QProgressBar& Progress() { return *m_progress; }
     QLabel& Status() { return *m_status; }
     bool CancelRequested() const { return m_cancel.stop_requested(); }
@@ -48,4 +52,5 @@ private:
     QLabel* m_status;
     std::stop_source m_cancel;
     std::unique_ptr<CVexReceiverAccessor> m_accessor;
+    bool m_reading = false;
 };

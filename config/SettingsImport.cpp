@@ -15,16 +15,25 @@ ImportRow CSettingsImport::WriteNext(ReceiverAccessor& accessor) {
     const Value fromFile = variable.value;
     Value before;
     if (!variable.Has(WriteOnly)) {
-        ReadVariable(variable, accessor);
+        try {
+            ReadVariable(variable, accessor);
+        } catch (...) {
+            variable.value = fromFile;
+            throw;
+        }
         before = variable.value;
         variable.value = fromFile;
     }
     // Recorded before the write: a write stopped half-way is put back too.
     m_touched.push_back({&variable, before});
     row.outcome = WriteVariable(variable, accessor);
-    // A refused set changes nothing; the message commands may have changed part of the set.
-    if (row.outcome == EWriteOutcome::Failed && variable.name != QLatin1String("OMode") &&
-        variable.name != QLatin1String("DefMsgSet"))
+    // A refused set changes nothing, nor does a write that never got to the receiver; the
+    // message commands of a set may have changed part of it.
+    const bool messageSet =
+        variable.name == QLatin1String("OMode") || variable.name == QLatin1String("DefMsgSet");
+    if (row.outcome == EWriteOutcome::Failed &&
+        (!messageSet || !variable.Resolved() ||
+         variable.error == g_PellLibApp.XLoadString(pell::ids::SettingsCannotCompose)))
         m_touched.pop_back();
     row.text = row.outcome == EWriteOutcome::Written
                    ? g_PellLibApp.XLoadString(pell::ids::SettingsImported)

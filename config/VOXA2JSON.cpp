@@ -211,6 +211,14 @@ std::optional<Value> ParseValue(EType type, const Binding& binding, const QStrin
     return value;
 }
 
+// A bare text item that would change the list around it.
+bool ChangesList(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar c) {
+        return c == QLatin1Char(',') || c == QLatin1Char('{') || c == QLatin1Char('}') ||
+               c == QLatin1Char('"');
+    });
+}
+
 QString RealText(double value) {
     return QString::asprintf("%f", value); // locale-independent, six decimals
 }
@@ -247,11 +255,7 @@ std::optional<QString> ComposeItem(EType type, const Binding& binding, const Val
     }
     case EType::String: {
         const QString& text = i < 0 ? value.text : value.texts[i];
-        // An item may not change the list around it.
-        if (i >= 0 && std::any_of(text.begin(), text.end(), [](QChar c) {
-                return c == QLatin1Char(',') || c == QLatin1Char('{') || c == QLatin1Char('}') ||
-                       c == QLatin1Char('"');
-            }))
+        if (i >= 0 && ChangesList(text))
             return std::nullopt;
         return text;
     }
@@ -286,25 +290,32 @@ qsizetype ItemCount(const Value& value) {
     }
 }
 
+// The items of a list value in their receiver form; nullopt when one cannot be written (a text
+// that cannot be quoted among them).
 std::optional<QStringList> ComposeItems(const Binding& binding, const Value& value) {
     QStringList items;
-    for (qsizetype i = 0; i < ItemCount(value); ++i) {
-        const auto item = ComposeItem(ItemType(value.type), binding, value, int(i));
-        if (!item)
-            return std::nullopt;
-        items += *item;
+    try {
+        for (qsizetype i = 0; i < ItemCount(value); ++i) {
+            const auto item = ComposeItem(ItemType(value.type), binding, value, int(i));
+            if (!item)
+                return std::nullopt;
+            items += *item;
+        }
+    } catch (const ulm_std::CException&) {
+        return std::nullopt;
     }
     return items;
 }
 
 std::optional<QString> ComposeValue(const Binding& binding, const Value& value) {
-    try {
-        if (!IsList(value.type))
-            return ComposeItem(value.type, binding, value, -1);
+    if (IsList(value.type)) {
         const auto items = ComposeItems(binding, value);
         if (!items)
             return std::nullopt;
         return QLatin1Char('{') + items->join(QLatin1Char(',')) + QLatin1Char('}');
+    }
+    try {
+        return ComposeItem(value.type, binding, value, -1);
     } catch (const ulm_std::CException&) {
         return std::nullopt; // a text that cannot be quoted
     }
@@ -661,16 +672,28 @@ private:
 
 // ---- writing ----
 
+// A message list longer than this is no receiver's: it would only flood the line.
+constexpr qsizetype kMaxMessages = 256;
+
+// Every line of a message list is composed before the first is sent, so that an item that cannot
+// be written leaves the port's output, or the default set, as it was.
 Reply WriteOutputMessages(ReceiverAccessor& accessor, const Binding& binding, const Value& value) {
-    const auto items = ComposeItems(binding, value);
-    if (!items)
-        return CannotCompose();
     const QString& port = binding.parameter;
+    const auto items = ComposeItems(binding, value);
+    const auto disable = Command([&] { return pell::vexcmd::DisableMessages(port); });
+    if (!items || !disable || items->size() > kMaxMessages)
+        return CannotCompose();
+    QStringList lines;
+    for (const QString& item : *items) {
+        const auto line = Command([&] { return pell::vexcmd::EnableMessages(port, item); });
+        if (!line)
+            return CannotCompose();
+        lines << *line;
+    }
     accessor.Forget(port);
-    Reply reply = Run(accessor, Command([&] { return pell::vexcmd::DisableMessages(port); }));
-    for (qsizetype i = 0; reply.ok && i < items->size(); ++i)
-        reply = Run(accessor,
-                    Command([&] { return pell::vexcmd::EnableMessages(port, items->at(i)); }));
+    Reply reply = accessor.Execute(*disable);
+    for (qsizetype i = 0; reply.ok && i < lines.size(); ++i)
+        reply = accessor.Execute(lines[i]);
     return reply;
 }
 
@@ -678,20 +701,28 @@ Reply WriteDefaultMessages(ReceiverAccessor& accessor, const Binding& binding, c
     const QString& set = binding.parameter;
     const std::vector<Message> messages =
         IsList(value.type) ? value.messages : std::vector<Message>{value.message};
+    const auto remove = Command([&] { return pell::vexcmd::Remove(set); });
+    if (!remove || qsizetype(messages.size()) > kMaxMessages)
+        return CannotCompose();
+    std::vector<std::pair<QString, QString>> lines; // create and set of each message
+    for (const Message& message : messages) {
+        const QString path = set + message.name;
+        const auto create = Command([&] { return pell::vexcmd::CreateNamed(path); });
+        const auto schedule =
+            std::isfinite(message.period) && std::isfinite(message.phase)
+                ? Command([&] { return pell::vexcmd::SetPrinted(path, MessageRecord(message)); })
+                : std::nullopt;
+        if (!create || !schedule)
+            return CannotCompose();
+        lines.emplace_back(*create, *schedule);
+    }
     accessor.Forget(set);
-    const Reply removed = Run(accessor, Command([&] { return pell::vexcmd::Remove(set); }));
+    const Reply removed = accessor.Execute(*remove);
     if (!removed.ok)
         return removed;
     unsigned failed = 0;
-    for (const Message& message : messages) {
-        const QString path = set + message.name;
-        const Reply created =
-            Run(accessor, Command([&] { return pell::vexcmd::CreateNamed(path); }));
-        const bool ok = created.ok && std::isfinite(message.period) &&
-                        std::isfinite(message.phase) &&
-                        accessor.Set(path, MessageRecord(message)).ok;
-        failed += ok ? 0 : 1;
-    }
+    for (const auto& [create, schedule] : lines)
+        failed += accessor.Execute(create).ok && accessor.Execute(schedule).ok ? 0 : 1;
     if (failed == 0)
         return {true, {}};
     const auto total = unsigned(messages.size());
@@ -701,7 +732,7 @@ Reply WriteDefaultMessages(ReceiverAccessor& accessor, const Binding& binding, c
 
 Reply WriteIndexed(ReceiverAccessor& accessor, const Binding& binding, const Value& value) {
     const auto item = ComposeValue(binding, value);
-    if (!item)
+    if (!item || (value.type == EType::String && ChangesList(value.text)))
         return CannotCompose();
     const Reply printed = accessor.Print(binding.parameter);
     if (!printed.ok)
@@ -844,18 +875,16 @@ QString Dictionary::DefaultPath() {
 
 std::shared_ptr<Object> Dictionary::Load(const QString& file, QString* error) {
     QFile input(file);
-    if (!input.open(QIODevice::ReadOnly) || input.size() > kMaxDictionaryBytes) {
-        if (error)
-            *error = Text(pell::ids::SettingsInvalidFileFormat);
-        return nullptr;
-    }
-    return Parse(input.readAll(), error);
+    // Read with a limit: a device or a growing file has no size to check beforehand.
+    const QByteArray xml =
+        input.open(QIODevice::ReadOnly) ? input.read(kMaxDictionaryBytes + 1) : QByteArray();
+    return Parse(xml, error);
 }
 
 std::shared_ptr<Object> Dictionary::Parse(const QByteArray& xml, QString* error) {
     QDomDocument document;
     if (xml.size() > kMaxDictionaryBytes || !ShallowEnough(xml) || !document.setContent(xml) ||
-        document.documentElement().tagName() != QLatin1String("Objects")) {
+        !NameIs(document.documentElement(), "Objects")) {
         if (error)
             *error = Text(pell::ids::SettingsInvalidFileFormat);
         return nullptr;
@@ -999,7 +1028,8 @@ void ReadVariable(Variable& variable, ReceiverAccessor& accessor) {
     variable.value = *value;
 }
 
-bool ReadAll(Object& root, ReceiverAccessor& accessor, const Progress& progress) {
+bool ReadAll(Object& root, ReceiverAccessor& accessor, const Progress& progress,
+             const std::function<void(const Variable&)>& read) {
     std::vector<Variable*> variables = SelectedVariables(root);
     std::erase_if(variables, [](const Variable* variable) { return variable->Has(WriteOnly); });
     const int total = int(variables.size());
@@ -1007,6 +1037,8 @@ bool ReadAll(Object& root, ReceiverAccessor& accessor, const Progress& progress)
         return false;
     for (int i = 0; i < total; ++i) {
         ReadVariable(*variables[i], accessor);
+        if (read)
+            read(*variables[i]);
         if (progress && !progress(i + 1, total))
             return false;
     }
@@ -1039,7 +1071,9 @@ std::optional<SettingsDocument> SettingsDocument::Parse(const QByteArray& json) 
     bool parsed = false;
     const auto parse = [&](rapidjson::Document& document) {
         DocumentBuilder handler(document);
-        rapidjson::MemoryStream bytes(json.constData(), size_t(json.size()));
+        // A byte-order mark, as some editors write one, is no part of the document.
+        const qsizetype skip = json.startsWith("\xEF\xBB\xBF") ? 3 : 0;
+        rapidjson::MemoryStream bytes(json.constData() + skip, size_t(json.size() - skip));
         rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> input(bytes);
         parsed = !rapidjson::Reader().Parse<flags>(input, handler).IsError();
         return parsed;

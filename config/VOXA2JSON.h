@@ -215,8 +215,10 @@ PELL_EXPORT std::vector<Variable*> AllVariables(Object& root);
 PELL_EXPORT const Binding* Resolve(Variable& variable, ReceiverAccessor& accessor);
 // Resolves, prints and parses one variable; its value is invalid with an error on failure.
 PELL_EXPORT void ReadVariable(Variable& variable, ReceiverAccessor& accessor);
-// Reads every selected variable that is not WRITEONLY; false when `progress` stopped it.
-PELL_EXPORT bool ReadAll(Object& root, ReceiverAccessor& accessor, const Progress& progress = {});
+// Reads every selected variable that is not WRITEONLY, telling `read` of each as it is done;
+// false when `progress` stopped it.
+PELL_EXPORT bool ReadAll(Object& root, ReceiverAccessor& accessor, const Progress& progress = {},
+                         const std::function<void(const Variable&)>& read = {});
 
 // The compact UTF-8 JSON text of the selected tree.
 PELL_EXPORT QByteArray BuildJson(const Object& root);

@@ -9,8 +9,8 @@
 
 // The settings-file engine's link to a connected receiver: each command runs through a receiver
 // mate on the receiver's own thread. A refused command becomes the variable's error text; a
-// cancel request or a lost connection ends the whole walk instead (the CWinException goes on to
-// the caller), since no later command could succeed.
+// cancel request, a lost connection or another command of this thread still waiting ends the
+// whole walk instead (the CWinException goes on to the caller): none is the receiver's answer.
 class PELL_EXPORT CVexReceiverAccessor final : public VOXA2JSON::ReceiverAccessor {
 public:
     explicit CVexReceiverAccessor(std::shared_ptr<rxio::IReceiver> receiver);

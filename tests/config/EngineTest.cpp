@@ -40,6 +40,10 @@ constexpr char kDictionary[] = R"(<?xml version="1.0"?>
     <Variable Name="Heading" Type="string">
       <VOXA Parameter="hd/mode" ReceiverModels="Pardo-7;broken;a-b-c"/></Variable>
   </Object>
+  <Object Name="Messages" Attr="DONOTEXPORTBYDEFAULT">
+    <Variable Name="OMode" Type="[string"><VOXA Parameter="dev/ser/b/msgs"/></Variable>
+    <Variable Name="DefMsgSet" Type="[message"><VOXA Parameter="msg/def/"/></Variable>
+  </Object>
   <Object Name="Network" Attr="DONOTEXPORTBYDEFAULT">
     <Variable Name="Password" Type="qstring"><VOXA Parameter="net/passwd"/></Variable>
   </Object>
@@ -116,9 +120,8 @@ TEST(SettingsEngine, NamesTypesAndPatterns) {
 TEST(SettingsEngine, RefusesWhatIsNoDictionary) {
     const QByteArray deep = QByteArray("<Objects>") + QByteArray("<Object>").repeated(100000) +
                             QByteArray("</Object>").repeated(100000) + "</Objects>";
-    for (const QByteArray& xml :
-         {QByteArray(), QByteArray("<Objects>"),
-          QByteArray("<Things><Object Name=\"a\"/></Things>"), QByteArray("<objects/>"), deep}) {
+    for (const QByteArray& xml : {QByteArray(), QByteArray("<Objects>"),
+                                  QByteArray("<Things><Object Name=\"a\"/></Things>"), deep}) {
         QString error;
         EXPECT_FALSE(Dictionary::Parse(xml, &error)) << xml.left(40).constData();
         EXPECT_EQ(error, Text(pell::ids::SettingsInvalidFileFormat));
@@ -132,7 +135,7 @@ TEST(SettingsEngine, ReadsTheTreeAndItsBindings) {
     auto root = LoadTestDictionary();
     ASSERT_TRUE(root);
     EXPECT_EQ(root->name, QStringLiteral("<ROOT>"));
-    ASSERT_EQ(root->children.size(), 3u); // the unknown element is skipped
+    ASSERT_EQ(root->children.size(), 4u); // the unknown element is skipped
     const Variable& gps3 = Find(*root, QStringLiteral("Positioning/Gps3"));
     EXPECT_EQ(gps3.type, EType::Boolean);
     EXPECT_EQ(gps3.bindings.at(0).index, 2);
@@ -286,6 +289,67 @@ TEST_F(SettingsEngineTest, WritesEachKindAsOneCommand) {
     // The indexed write changed item 2 alone.
     EXPECT_EQ(receiver.Value(QStringLiteral("pos/gps/sat")), Gps("c"));
     EXPECT_EQ(receiver.Value(QStringLiteral("net/passwd")), QStringLiteral(R"("line\nbreak")"));
+}
+
+// A port's output messages and the default message set go out as their message commands; an item
+// that cannot be written stops the variable before anything is sent.
+TEST_F(SettingsEngineTest, MessageSetsGoOutAsTheirCommands) {
+    const char* kGga = R"({"Message":"nmea/GGA","Period":1,"Phase":0,"Count":0,"Flags":0})";
+    const char* kRt = R"({"Message":"jps/RT","Period":0.5,"Phase":0.25,"Count":3,"Flags":26})";
+    const struct {
+        QByteArray json;
+        QStringList commands;
+        unsigned error; // 0 for written
+    } cases[] = {
+        {R"({"Messages":{"OMode":["nmea/GGA","jps/RT"]}})",
+         {"dm,dev/ser/b/msgs", "em,dev/ser/b/msgs,nmea/GGA", "em,dev/ser/b/msgs,jps/RT"},
+         0},
+        {R"({"Messages":{"OMode":[]}})", {"dm,dev/ser/b/msgs"}, 0},
+        {R"({"Messages":{"OMode":["nmea/GGA","no such"]}})", {}, pell::ids::SettingsCannotCompose},
+        {R"({"Messages":{"OMode":["nmea/GGA","nmea/XYZ","jps/RT"]}})",
+         {"dm,dev/ser/b/msgs", "em,dev/ser/b/msgs,nmea/GGA", "em,dev/ser/b/msgs,nmea/XYZ"},
+         1},
+        {QByteArray(R"({"Messages":{"DefMsgSet":[)") + kGga + "," + kRt + "]}}",
+         {"remove,msg/def/", "create,msg/def/nmea/GGA",
+          "set,msg/def/nmea/GGA,{1.000000,0.000000,0,0x0}", "create,msg/def/jps/RT",
+          "set,msg/def/jps/RT,{0.500000,0.250000,3,0x1a}"},
+         0},
+        {QByteArray(R"({"Messages":{"DefMsgSet":[)") + kGga +
+             R"(,{"Message":"nmea/XYZ","Period":1,"Phase":0,"Count":0,"Flags":0}]}})",
+         {"remove,msg/def/", "create,msg/def/nmea/GGA",
+          "set,msg/def/nmea/GGA,{1.000000,0.000000,0,0x0}", "create,msg/def/nmea/XYZ"},
+         pell::ids::SettingsMessagesRestored},
+        {QByteArray(R"({"Messages":{"DefMsgSet":[)") + kGga +
+             R"(,{"Message":"a;reset,yes","Period":1,"Phase":0,"Count":0,"Flags":0}]}})",
+         {},
+         pell::ids::SettingsCannotCompose},
+    };
+    pell::test::SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
+    for (const auto& c : cases) {
+        const qsizetype before = receiver.Simulator().ReceivedCount();
+        const auto outcomes = Import(receiver, c.json, true);
+        const QStringList& received = receiver.Simulator().ReceivedCommands();
+        QStringList sent =
+            received.mid(received.size() - (receiver.Simulator().ReceivedCount() - before));
+        sent.removeIf([](const QString& line) {
+            return line.startsWith(QLatin1String("list,")) ||
+                   line.startsWith(QLatin1String("print,"));
+        });
+        EXPECT_EQ(sent, c.commands) << c.json.constData();
+        const auto written = std::find_if(outcomes.begin(), outcomes.end(), [](const auto& entry) {
+            return entry.second.first != EWriteOutcome::Skipped;
+        });
+        ASSERT_NE(written, outcomes.end()) << c.json.constData();
+        const auto& [outcome, error] = written->second;
+        EXPECT_EQ(outcome, c.error ? EWriteOutcome::Failed : EWriteOutcome::Written);
+        const QString expected = c.error == pell::ids::SettingsMessagesRestored
+                                     ? QString::asprintf(qUtf8Printable(Text(c.error)), 1u, 2u)
+                                     : (c.error == 1 ? QStringLiteral("{2,,value out of range}")
+                                                     : (c.error ? Text(c.error) : QString()));
+        EXPECT_EQ(error, expected) << c.json.constData();
+    }
+    EXPECT_EQ(receiver.Value(QStringLiteral("msg/def")),
+              QStringLiteral("{nmea/GGA={1.00,0.00,0,0x0}}"));
 }
 
 TEST_F(SettingsEngineTest, RoundTripPutsTheReceiverBack) {

@@ -98,6 +98,20 @@ TEST_F(WizardTest, ExportWritesWhatIsCheckedAndRemembersTheFile) {
             unchecked += element->Has(DoNotExportByDefault) ? 1 : 0;
         }
         EXPECT_GT(unchecked, 0);
+        // The details of an indexed boolean name the list item it lives in.
+        for (QTreeWidgetItemIterator it(&page.Tree()); *it; ++it)
+            if (page.Tree().ElementOf(*it)->Path() == QLatin1String("Positioning/Satellites/Gps1"))
+                page.Tree().setCurrentItem(*it);
+        page.ShowDetails();
+        ASSERT_FALSE(boxes.Boxes().empty());
+        EXPECT_EQ(boxes.Boxes().back().text,
+                  Text(pell::ids::SettingsDetailsFriendlyName) + "\"GPS PRN 1 used\"\r\n" +
+                      Text(pell::ids::SettingsDetailsName) + "\"Gps1\"\r\n" +
+                      Text(pell::ids::SettingsDetailsPath) + "\"Positioning/Satellites/Gps1\"\r\n" +
+                      Text(pell::ids::SettingsDetailsType) + "\"Boolean\"" +
+                      Text(pell::ids::SettingsDetailsTrue) + "\"y\"" +
+                      Text(pell::ids::SettingsDetailsFalse) + "\"n\"\r\n" +
+                      Text(pell::ids::SettingsDetailsParameter) + "\"pos/gps/sat[0]\"");
         // An unchecked object leaves its subtree out; its children keep their own check boxes.
         QTreeWidgetItem* first = page.Tree().topLevelItem(0);
         const auto states = [first] {
@@ -166,11 +180,14 @@ TEST_F(WizardTest, CancelStopsReadingAndPutsBackWhatWasWritten) {
         wizard.show();
         auto* bar = wizard.ParametersPage().findChild<QProgressBar*>();
         QObject::connect(bar, &QProgressBar::valueChanged, &wizard, [&](int value) {
+            if (value == 2)
+                wizard.ParametersPage().ShowDetails(); // waits: the reading talks to the receiver
             if (value == 3)
                 Click(wizard, "cancelButton");
         });
         ASSERT_TRUE(Waits([&] { return !wizard.isVisible(); }));
         EXPECT_LT(bar->value(), bar->maximum());
+        EXPECT_TRUE(boxes.Boxes().empty());
         const qsizetype sent = receiver.Simulator().ReceivedCount();
         QTest::qWait(200);
         EXPECT_EQ(receiver.Simulator().ReceivedCount(), sent); // no reading goes on
