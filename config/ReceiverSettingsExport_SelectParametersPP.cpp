@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QTimer>
+#include <algorithm>
 
 CReceiverSettingsExport_SelectParametersPP::CReceiverSettingsExport_SelectParametersPP(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
@@ -51,12 +52,10 @@ void CReceiverSettingsExport_SelectParametersPP::ReadValues() {
                 [this](int read, int total) {
                     Progress().setRange(0, std::max(total, 1));
                     Progress().setValue(read);
-                    Status().setText(
-                        read < total
-                            ? g_PellLibApp.XLoadString(pell::ids::SettingsReading)
-                                  .arg(read + 1)
-                                  .arg(total)
-                            : g_PellLibApp.XLoadString(pell::ids::SettingsRead).arg(total));
+                    if (read < total)
+                        Status().setText(g_PellLibApp.XLoadString(pell::ids::SettingsReading)
+                                             .arg(read + 1)
+                                             .arg(total));
                     return !CancelRequested();
                 },
                 [this](const VOXA2JSON::Variable& variable) { Tree().UpdateVariable(variable); });
@@ -73,6 +72,13 @@ void CReceiverSettingsExport_SelectParametersPP::ReadValues() {
     if (!done)
         return;
     m_read = true;
+    // What the file would hold: settings this receiver does not have are no values.
+    const auto variables = VOXA2JSON::SelectedVariables(*Root());
+    Status().setText(g_PellLibApp.XLoadString(pell::ids::SettingsRead)
+                         .arg(std::count_if(variables.begin(), variables.end(),
+                                            [](const VOXA2JSON::Variable* variable) {
+                                                return !variable->value.invalid;
+                                            })));
     if (GetSheet()->GetActivePage() == this)
         GetSheet()->SetWizardButtons(pell::PSWIZB_NEXT);
 }
