@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 CReceiverSettingsImport_ProgressPP::CReceiverSettingsImport_ProgressPP(
     std::shared_ptr<rxio::IReceiver> receiver,
@@ -83,6 +84,8 @@ void CReceiverSettingsImport_ProgressPP::Write() {
             if (row.outcome == VOXA2JSON::EWriteOutcome::Skipped)
                 continue;
             auto* item = new QTreeWidgetItem(m_rows, {row.path, row.text});
+            item->setToolTip(0, row.path);
+            item->setToolTip(1, row.text);
             if (row.outcome == VOXA2JSON::EWriteOutcome::Failed) {
                 item->setIcon(1, style()->standardIcon(QStyle::SP_MessageBoxWarning));
                 ++failed;
@@ -121,7 +124,10 @@ void CReceiverSettingsImport_ProgressPP::Write() {
     m_progress->setValue(m_progress->maximum());
     m_status->setText(
         g_PellLibApp.XLoadString(pell::ids::SettingsWritten).arg(imported).arg(failed));
+    // Paths as wide as they need, but the results stay in sight on a small screen.
     m_rows->resizeColumnToContents(0);
+    m_rows->setColumnWidth(0,
+                           std::min(m_rows->columnWidth(0), m_rows->viewport()->width() * 3 / 5));
     GetSheet()->SetWizardButtons(pell::PSWIZB_BACK | pell::PSWIZB_FINISH);
     emit writingDone();
 }
