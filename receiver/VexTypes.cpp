@@ -545,4 +545,123 @@ const EnumTable& TableOf(WlanMode::EWlanMode) {
     return table;
 }
 
+constexpr EnumTable::Item kYesNo[] = {{"no", QT_TRANSLATE_NOOP("PellNames", "No")},
+                                      {"yes", QT_TRANSLATE_NOOP("PellNames", "Yes")}};
+const EnumTable& TableOf(YesNo::EYesNo) {
+    static constexpr EnumTable table{"EYesNo", kYesNo};
+    return table;
+}
+
+constexpr EnumTable::Item kYN[] = {{"n", QT_TRANSLATE_NOOP("PellNames", "No")},
+                                   {"y", QT_TRANSLATE_NOOP("PellNames", "Yes")}};
+const EnumTable& TableOf(YN::EYN) {
+    static constexpr EnumTable table{"EYN", kYN};
+    return table;
+}
+
+constexpr EnumTable::Item kOffOnAuto[] = {{"off", QT_TRANSLATE_NOOP("PellNames", "Off")},
+                                          {"on", QT_TRANSLATE_NOOP("PellNames", "On")},
+                                          {"auto", QT_TRANSLATE_NOOP("PellNames", "Auto")}};
+const EnumTable& TableOf(OffOnAuto::EOffOnAuto) {
+    static constexpr EnumTable table{"EOffOnAuto", kOffOnAuto};
+    return table;
+}
+
+constexpr EnumTable::Item kEdge[] = {{"rise", QT_TRANSLATE_NOOP("PellNames", "Rising")},
+                                     {"fall", QT_TRANSLATE_NOOP("PellNames", "Falling")}};
+const EnumTable& TableOf(Edge::EEdge) {
+    static constexpr EnumTable table{"EEdge", kEdge};
+    return table;
+}
+
+constexpr EnumTable::Item kRTKMode[] = {
+    {"delay", QT_TRANSLATE_NOOP("PellNames", "Delay")},
+    {"extrap", QT_TRANSLATE_NOOP("PellNames", "Extrapolation")}};
+const EnumTable& TableOf(RTKMode::ERTKMode) {
+    static constexpr EnumTable table{"ERTKMode", kRTKMode};
+    return table;
+}
+
+constexpr EnumTable::Item kCorrMode[] = {
+    {"normal", QT_TRANSLATE_NOOP("PellNames", "Normal")},
+    {"mpnew", QT_TRANSLATE_NOOP("PellNames", "Multipath Reduction")}};
+const EnumTable& TableOf(CorrMode::ECorrMode) {
+    static constexpr EnumTable table{"ECorrMode", kCorrMode};
+    return table;
+}
+
+constexpr EnumTable::Item kDistMode[] = {{"off", QT_TRANSLATE_NOOP("PellNames", "Off")},
+                                         {"fixed", QT_TRANSLATE_NOOP("PellNames", "Fixed")},
+                                         {"calc", QT_TRANSLATE_NOOP("PellNames", "Calculated")}};
+const EnumTable& TableOf(DistMode::EDistMode) {
+    static constexpr EnumTable table{"EDistMode", kDistMode};
+    return table;
+}
+
+constexpr EnumTable::Item kHeadingMode[] = {
+    {"off", QT_TRANSLATE_NOOP("PellNames", "Off")},
+    {"base", QT_TRANSLATE_NOOP("PellNames", "Moving Base")},
+    {"rover", QT_TRANSLATE_NOOP("PellNames", "Heading Rover")}};
+const EnumTable& TableOf(HeadingMode::EHeadingMode) {
+    static constexpr EnumTable table{"EHeadingMode", kHeadingMode};
+    return table;
+}
+
+constexpr EnumTable::Item kOMode[] = {{"none", QT_TRANSLATE_NOOP("PellNames", "None")},
+                                      {"jps", QT_TRANSLATE_NOOP("PellNames", "JPS")},
+                                      {"nmea", QT_TRANSLATE_NOOP("PellNames", "NMEA")},
+                                      {"rtcm", QT_TRANSLATE_NOOP("PellNames", "RTCM 2.x")},
+                                      {"rtcm3", QT_TRANSLATE_NOOP("PellNames", "RTCM 3.x")},
+                                      {"cmr", QT_TRANSLATE_NOOP("PellNames", "CMR")},
+                                      {"user", QT_TRANSLATE_NOOP("PellNames", "User Defined")}};
+const EnumTable& TableOf(OMode::EOMode) {
+    static constexpr EnumTable table{"EOMode", kOMode};
+    return table;
+}
+
+constexpr EnumTable::Item kNtripState[] = {
+    {"off", QT_TRANSLATE_NOOP("PellNames", "Ntrip is disabled")},
+    {"wait", QT_TRANSLATE_NOOP("PellNames", "Trying to connect")},
+    {"data", QT_TRANSLATE_NOOP("PellNames", "Getting corrections")},
+    {"sleep", QT_TRANSLATE_NOOP("PellNames", "Unable to connect")}};
+const EnumTable& TableOf(NtripState::ENtripState) {
+    static constexpr EnumTable table{"ENtripState", kNtripState};
+    return table;
+}
+
+constexpr EnumTable::Item kNtripInit[] = {
+    {"none", QT_TRANSLATE_NOOP("PellNames", "None")},
+    {"gga", QT_TRANSLATE_NOOP("PellNames", "NMEA GGA")},
+    {"last", QT_TRANSLATE_NOOP("PellNames", "Last Position")}};
+const EnumTable& TableOf(NtripInit::ENtripInit) {
+    static constexpr EnumTable table{"ENtripInit", kNtripInit};
+    return table;
+}
+
+constexpr EnumTable::Item kPppMode[] = {{"off", QT_TRANSLATE_NOOP("PellNames", "Off")},
+                                        {"gprs", QT_TRANSLATE_NOOP("PellNames", "GPRS")},
+                                        {"csd", QT_TRANSLATE_NOOP("PellNames", "CSD")}};
+const EnumTable& TableOf(PppMode::EPppMode) {
+    static constexpr EnumTable table{"EPppMode", kPppMode};
+    return table;
+}
+
+constexpr EnumTable::Item kPppState[] = {
+    {"disconnected", QT_TRANSLATE_NOOP("PellNames", "Disconnected")},
+    {"connecting", QT_TRANSLATE_NOOP("PellNames", "Connecting")},
+    {"connected", QT_TRANSLATE_NOOP("PellNames", "Connected")}};
+const EnumTable& TableOf(PppState::EPppState) {
+    static constexpr EnumTable table{"EPppState", kPppState};
+    return table;
+}
+
+constexpr EnumTable::Item kInet[] = {{"auto", QT_TRANSLATE_NOOP("PellNames", "Auto")},
+                                     {"eth", QT_TRANSLATE_NOOP("PellNames", "Ethernet")},
+                                     {"wlan", QT_TRANSLATE_NOOP("PellNames", "Wireless LAN")},
+                                     {"ppp", QT_TRANSLATE_NOOP("PellNames", "Cellular")}};
+const EnumTable& TableOf(Inet::EInet) {
+    static constexpr EnumTable table{"EInet", kInet};
+    return table;
+}
+
 } // namespace rxio::vex

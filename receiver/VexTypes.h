@@ -299,6 +299,76 @@ struct WlanMode {
 };
 PELL_EXPORT const EnumTable& TableOf(WlanMode::EWlanMode);
 
+struct YesNo {
+    enum EYesNo : std::int32_t { No, Yes };
+};
+PELL_EXPORT const EnumTable& TableOf(YesNo::EYesNo);
+
+struct YN {
+    enum EYN : std::int32_t { No, Yes };
+};
+PELL_EXPORT const EnumTable& TableOf(YN::EYN);
+
+struct OffOnAuto {
+    enum EOffOnAuto : std::int32_t { Off, On, Auto };
+};
+PELL_EXPORT const EnumTable& TableOf(OffOnAuto::EOffOnAuto);
+
+struct Edge {
+    enum EEdge : std::int32_t { Rise, Fall };
+};
+PELL_EXPORT const EnumTable& TableOf(Edge::EEdge);
+
+struct RTKMode {
+    enum ERTKMode : std::int32_t { Delay, Extrapolation };
+};
+PELL_EXPORT const EnumTable& TableOf(RTKMode::ERTKMode);
+
+struct CorrMode {
+    enum ECorrMode : std::int32_t { Normal, MultipathReduction };
+};
+PELL_EXPORT const EnumTable& TableOf(CorrMode::ECorrMode);
+
+struct DistMode {
+    enum EDistMode : std::int32_t { Off, Fixed, Calculated };
+};
+PELL_EXPORT const EnumTable& TableOf(DistMode::EDistMode);
+
+struct HeadingMode {
+    enum EHeadingMode : std::int32_t { Off, MovingBase, HeadingRover };
+};
+PELL_EXPORT const EnumTable& TableOf(HeadingMode::EHeadingMode);
+
+struct OMode {
+    enum EOMode : std::int32_t { None, Jps, Nmea, Rtcm, Rtcm3, Cmr, User };
+};
+PELL_EXPORT const EnumTable& TableOf(OMode::EOMode);
+
+struct NtripState {
+    enum ENtripState : std::int32_t { Off, Wait, Data, Sleep };
+};
+PELL_EXPORT const EnumTable& TableOf(NtripState::ENtripState);
+
+struct NtripInit {
+    enum ENtripInit : std::int32_t { None, Gga, Last };
+};
+PELL_EXPORT const EnumTable& TableOf(NtripInit::ENtripInit);
+
+struct PppMode {
+    enum EPppMode : std::int32_t { Off, Gprs, Csd };
+};
+PELL_EXPORT const EnumTable& TableOf(PppMode::EPppMode);
+
+struct PppState {
+    enum EPppState : std::int32_t { Disconnected, Connecting, Connected };
+};
+PELL_EXPORT const EnumTable& TableOf(PppState::EPppState);
+
+struct Inet {
+    enum EInet : std::int32_t { Auto, Ethernet, Wlan, Ppp };
+};
+PELL_EXPORT const EnumTable& TableOf(Inet::EInet);
+
 // Last, so that no record's own Off or On is declared in its shadow.
 enum EOnOff : std::int32_t { Off = 0, On = 1 };
 PELL_EXPORT const EnumTable& TableOf(EOnOff);
@@ -414,6 +484,20 @@ using CSignalRefTimeWrapperFN = CReceiverEnumWrapperFN<SignalRefTime::ESignalRef
 using CSignalSyncWrapperFN = CReceiverEnumWrapperFN<SignalSync::ESignalSync, 0>;
 using CSlotStateWrapperFN = CReceiverEnumWrapperFN<SlotState::ESlotState, 0>;
 using CWlanModeWrapperFN = CReceiverEnumWrapperFN<WlanMode::EWlanMode, 0>;
+using CYesNoWrapperFN = CReceiverEnumWrapperFN<YesNo::EYesNo, 0>;
+using CYNWrapperFN = CReceiverEnumWrapperFN<YN::EYN, 0>;
+using COffOnAutoWrapperFN = CReceiverEnumWrapperFN<OffOnAuto::EOffOnAuto, 0>;
+using CEdgeWrapperFN = CReceiverEnumWrapperFN<Edge::EEdge, 0>;
+using CRTKModeWrapperFN = CReceiverEnumWrapperFN<RTKMode::ERTKMode, 1>;
+using CCorrModeWrapperFN = CReceiverEnumWrapperFN<CorrMode::ECorrMode, 0>;
+using CDistModeWrapperFN = CReceiverEnumWrapperFN<DistMode::EDistMode, 0>;
+using CHeadingModeWrapperFN = CReceiverEnumWrapperFN<HeadingMode::EHeadingMode, 0>;
+using COModeWrapperFN = CReceiverEnumWrapperFN<OMode::EOMode, 0>;
+using CNtripStateWrapperFN = CReceiverEnumWrapperFN<NtripState::ENtripState, 0>;
+using CNtripInitWrapperFN = CReceiverEnumWrapperFN<NtripInit::ENtripInit, 0>;
+using CPppModeWrapperFN = CReceiverEnumWrapperFN<PppMode::EPppMode, 0>;
+using CPppStateWrapperFN = CReceiverEnumWrapperFN<PppState::EPppState, 0>;
+using CInetWrapperFN = CReceiverEnumWrapperFN<Inet::EInet, 0>;
 
 template <class... Wrappers> struct WrapperList {};
 
@@ -433,6 +517,9 @@ using AllReceiverEnumWrappers = WrapperList<
     COscillatorOffsetReductionWrapperFN, CPPPModeWrapperFN, CParityWrapperFN,
     CPositionOutputModeWrapperFN, CRTKDynamicWrapperFN, CRinexVersionOffWrapperFN,
     CRinexZIPWrapperFN, CSignalRefTimeWrapperFN, CSignalSyncWrapperFN, CSlotStateWrapperFN,
-    CWlanModeWrapperFN>;
+    CWlanModeWrapperFN, CYesNoWrapperFN, CYNWrapperFN, COffOnAutoWrapperFN, CEdgeWrapperFN,
+    CRTKModeWrapperFN, CCorrModeWrapperFN, CDistModeWrapperFN, CHeadingModeWrapperFN,
+    COModeWrapperFN, CNtripStateWrapperFN, CNtripInitWrapperFN, CPppModeWrapperFN,
+    CPppStateWrapperFN, CInetWrapperFN>;
 
 } // namespace rxio::vex

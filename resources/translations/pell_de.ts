@@ -1399,5 +1399,101 @@
         <source>Lost, reacquiring the signal</source>
         <translation>Verloren, Signal wird neu erfasst</translation>
     </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Rising</source>
+        <translation>Steigend</translation>
+    </message>
+    <message>
+        <source>Falling</source>
+        <translation>Fallend</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>Verzögerung</translation>
+    </message>
+    <message>
+        <source>Extrapolation</source>
+        <translation>Extrapolation</translation>
+    </message>
+    <message>
+        <source>Multipath Reduction</source>
+        <translation>Mehrwegereduzierung</translation>
+    </message>
+    <message>
+        <source>Calculated</source>
+        <translation>Berechnet</translation>
+    </message>
+    <message>
+        <source>Moving Base</source>
+        <translation>Bewegliche Basis</translation>
+    </message>
+    <message>
+        <source>Heading Rover</source>
+        <translation>Heading-Rover</translation>
+    </message>
+    <message>
+        <source>NMEA</source>
+        <translation>NMEA</translation>
+    </message>
+    <message>
+        <source>Ntrip is disabled</source>
+        <translation>NTRIP ist ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>Trying to connect</source>
+        <translation>Verbindungsversuch</translation>
+    </message>
+    <message>
+        <source>Getting corrections</source>
+        <translation>Empfängt Korrekturen</translation>
+    </message>
+    <message>
+        <source>Unable to connect</source>
+        <translation>Keine Verbindung möglich</translation>
+    </message>
+    <message>
+        <source>NMEA GGA</source>
+        <translation>NMEA GGA</translation>
+    </message>
+    <message>
+        <source>Last Position</source>
+        <translation>Letzte Position</translation>
+    </message>
+    <message>
+        <source>GPRS</source>
+        <translation>GPRS</translation>
+    </message>
+    <message>
+        <source>CSD</source>
+        <translation>CSD</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Getrennt</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindet</translation>
+    </message>
+    <message>
+        <source>Ethernet</source>
+        <translation>Ethernet</translation>
+    </message>
+    <message>
+        <source>Wireless LAN</source>
+        <translation>WLAN</translation>
+    </message>
+    <message>
+        <source>Cellular</source>
+        <translation>Mobilfunk</translation>
+    </message>
 </context>
 </TS>
