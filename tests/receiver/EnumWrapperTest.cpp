@@ -64,6 +64,9 @@ TEST_F(EnumWrapperTest, TablesAgreeWithTheReceiverModel) {
         EXPECT_EQ(W::kFallback, model->second.fallback);
         EXPECT_EQ(table.parsing == EnumTable::Numeric, model->second.numeric);
     });
+    // The sheets need a wrapper for every enumeration the receiver knows.
+    for (const auto& entry : enums)
+        EXPECT_TRUE(seen.contains(entry.first)) << "no wrapper of " << entry.first.toStdString();
 }
 
 TEST_F(EnumWrapperTest, EveryValueRoundTripsAndShowsItsName) {
