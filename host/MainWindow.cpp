@@ -3,6 +3,7 @@
 #include "AboutDialog.h"
 #include "AppIcon.h"
 #include "InProcess.h"
+#include "config/PPSEventFrqPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "lib/PellLibDoc.h"
@@ -112,6 +113,9 @@ void MainWindow::BuildMenus() {
         receiver->addAction(tr("&Export Settings…"), this, &MainWindow::ExportSettings);
     m_importSettings =
         receiver->addAction(tr("&Import Settings…"), this, &MainWindow::ImportSettings);
+    receiver->addSeparator();
+    m_timingSignals =
+        receiver->addAction(tr("&Timing Signals…"), this, &MainWindow::ShowTimingSignals);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -285,7 +289,7 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
-    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings})
+    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -319,6 +323,11 @@ void MainWindow::ExportSettings() {
 void MainWindow::ImportSettings() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_ReceiverSettingsImportWizard(std::move(receiver), this);
+}
+
+void MainWindow::ShowTimingSignals() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_PPSEventFrqPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowAbout() {

@@ -38,6 +38,7 @@ public slots:
     void ShowReceiverStatus();
     void ExportSettings();
     void ImportSettings();
+    void ShowTimingSignals();
 
 private:
     void BuildMenus();
@@ -63,6 +64,7 @@ private:
     QAction* m_receiverStatus = nullptr;
     QAction* m_exportSettings = nullptr;
     QAction* m_importSettings = nullptr;
+    QAction* m_timingSignals = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;
     QGroupBox* m_receiver = nullptr;

@@ -4,6 +4,7 @@
 #include "MainWindow.h"
 #include "Model.h"
 #include "Simulator.h"
+#include "config/PPSEventFrqPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsExport_SelectParametersPP.h"
 #include "config/ReceiverSettingsImport_ProgressPP.h"
@@ -94,6 +95,20 @@ void SaveStatusSheet(Shooter& shooter, rxsim::CSimulator& simulator, MainWindow&
     moment.setValue(0);
     sheet.SetActivePage(1);
     shooter.SaveBothSizes(sheet, QStringLiteral("status-satellites"));
+    sheet.close();
+}
+
+// Every page of the timing signals sheet with the values read from the receiver.
+void SaveTimingSheet(Shooter& shooter, MainWindow& window) {
+    CPellWindow<CPPSEventFrqPS> sheet(window.Receiver(), &window);
+    sheet.resize(kDesktop);
+    sheet.show();
+    for (int i = 0; i < sheet.GetPageCount(); ++i) {
+        sheet.SetActivePage(i);
+        const QString title =
+            sheet.GetPage(i)->GetTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+        shooter.SaveBothSizes(sheet, QStringLiteral("timing-") + title);
+    }
     sheet.close();
 }
 
@@ -242,6 +257,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     shooter.SaveBothSizes(window, QStringLiteral("main-window"));
     SaveStatusSheet(shooter, simulator, window);
     SaveSettingsWizards(shooter, window, dir);
+    SaveTimingSheet(shooter, window);
     if (served)
         served->abort();
     Settle();

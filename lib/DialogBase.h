@@ -18,6 +18,8 @@ public:
     // the window closes may still change the result. Ending a window that is not open does
     // nothing.
     void EndDialog(int result) { done(result); }
+    // The result the window is closing or closed with; 0 while it is open.
+    int ClosingResult() const { return m_closingResult; }
     void done(int result) override;
     // Escape and the window's close button end it with IDCANCEL.
     void reject() override;

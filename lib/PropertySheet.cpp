@@ -364,8 +364,11 @@ bool CPropertySheetBase::ApplyChanges() {
         }
         page->SetModified(false);
     }
+    pell::RunAndReport(this, [this] { OnChangesApplied(); });
     return true;
 }
+
+void CPropertySheetBase::OnChangesApplied() {}
 
 void CPropertySheetBase::OnWizardMove(bool forward) {
     CPropertyPageBase* page = m_active;

@@ -124,6 +124,8 @@ public:
 protected:
     void OnInitDialog() override;
     void OnDestroy() override;
+    // Every modified page applied its changes (Apply, or OK before the sheet closes).
+    virtual void OnChangesApplied();
 
 private:
     friend class CPropertyPageBase;

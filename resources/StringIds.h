@@ -153,4 +153,30 @@ constexpr unsigned SettingsDetailsFalse = 61441;
 constexpr unsigned SettingsDetailsParameter = 61442;
 constexpr unsigned SettingsWillBeSaved = 61443;
 
+// Timing signals sheet.
+constexpr unsigned TimingSheet = 61500;
+constexpr unsigned TimingPageTitle = 61501;
+constexpr unsigned PpsPage = 61502;
+constexpr unsigned EventPage = 61503;
+constexpr unsigned FrequencyPage = 61504;
+constexpr unsigned TimingEnable = 61505;
+constexpr unsigned TimingPeriodMs = 61506;
+constexpr unsigned TimingOffsetNs = 61507;
+constexpr unsigned TimingOffsetMs = 61508;
+constexpr unsigned TimingMarkedPulses = 61509;
+constexpr unsigned TimingEdge = 61510;
+constexpr unsigned TimingRefTime = 61511;
+constexpr unsigned TimingTied = 61512;
+constexpr unsigned TimingClockSync = 61513;
+constexpr unsigned TimingStatus = 61514;
+constexpr unsigned FrequencyParameters = 61515;
+constexpr unsigned FrequencySourceGroup = 61516;
+constexpr unsigned FrequencySource = 61517;
+constexpr unsigned FrequencyMHz = 61518;
+constexpr unsigned FrequencyStatus = 61519;
+constexpr unsigned FrequencyAmplitude = 61520;
+constexpr unsigned FrequencyOffsetReduction = 61521;
+constexpr unsigned TimingPulse = 61522;
+constexpr unsigned TimingReference = 61523;
+
 } // namespace pell::ids

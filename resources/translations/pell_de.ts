@@ -708,6 +708,126 @@
         <comment>61443</comment>
         <translation>%1 Einstellungen werden gesichert.</translation>
     </message>
+    <message>
+        <source>Timing Signals</source>
+        <comment>61500</comment>
+        <translation>Zeitsignale</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>61501</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>PPS</source>
+        <comment>61502</comment>
+        <translation>PPS</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <comment>61503</comment>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>External Frequency</source>
+        <comment>61504</comment>
+        <translation>Externe Frequenz</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <comment>61505</comment>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Period, ms:</source>
+        <comment>61506</comment>
+        <translation>Periode, ms:</translation>
+    </message>
+    <message>
+        <source>Offset, ns:</source>
+        <comment>61507</comment>
+        <translation>Versatz, ns:</translation>
+    </message>
+    <message>
+        <source>Offset, ms:</source>
+        <comment>61508</comment>
+        <translation>Versatz, ms:</translation>
+    </message>
+    <message>
+        <source>Generate Marked Pulses</source>
+        <comment>61509</comment>
+        <translation>Markierte Impulse erzeugen</translation>
+    </message>
+    <message>
+        <source>Edge:</source>
+        <comment>61510</comment>
+        <translation>Flanke:</translation>
+    </message>
+    <message>
+        <source>Ref. Time:</source>
+        <comment>61511</comment>
+        <translation>Bezugszeit:</translation>
+    </message>
+    <message>
+        <source>Tied with Ref. Time</source>
+        <comment>61512</comment>
+        <translation>An Bezugszeit gebunden</translation>
+    </message>
+    <message>
+        <source>Clock Synchronization</source>
+        <comment>61513</comment>
+        <translation>Uhrensynchronisation</translation>
+    </message>
+    <message>
+        <source>Status:</source>
+        <comment>61514</comment>
+        <translation>Status:</translation>
+    </message>
+    <message>
+        <source>External Frequency Source Parameters</source>
+        <comment>61515</comment>
+        <translation>Parameter der externen Frequenzquelle</translation>
+    </message>
+    <message>
+        <source>Frequency Source</source>
+        <comment>61516</comment>
+        <translation>Frequenzquelle</translation>
+    </message>
+    <message>
+        <source>Source:</source>
+        <comment>61517</comment>
+        <translation>Quelle:</translation>
+    </message>
+    <message>
+        <source>Frequency, MHz:</source>
+        <comment>61518</comment>
+        <translation>Frequenz, MHz:</translation>
+    </message>
+    <message>
+        <source>Source Status:</source>
+        <comment>61519</comment>
+        <translation>Quellenstatus:</translation>
+    </message>
+    <message>
+        <source>Signal Amplitude:</source>
+        <comment>61520</comment>
+        <translation>Signalamplitude:</translation>
+    </message>
+    <message>
+        <source>Oscillator Offset Reduction</source>
+        <comment>61521</comment>
+        <translation>Oszillator-Offsetreduzierung</translation>
+    </message>
+    <message>
+        <source>Pulse</source>
+        <comment>61522</comment>
+        <translation>Impuls</translation>
+    </message>
+    <message>
+        <source>Time Reference</source>
+        <comment>61523</comment>
+        <translation>Zeitbezug</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

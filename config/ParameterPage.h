@@ -1,0 +1,90 @@
+#pragma once
+
+#include "lib/PellPropertyPage.h"
+#include "lib/pell_export.h"
+#include "receiver/VexTypes.h"
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QLabel;
+class QLineEdit;
+class QSpinBox;
+
+// A configuration page as a table: each control bound to one receiver parameter and the kind of
+// its value. The page reads every parameter with "print" when it is first shown (or refreshed),
+// writes only what the user changed, each with the command of its kind, on Apply and OK, and
+// keeps itself open with the control marked and the receiver's reply shown when the receiver
+// refuses one. A parameter the receiver does not have hides its control and the control's label;
+// a read-only one is shown and never written. docs/configuration.md has a page as an example.
+class PELL_EXPORT CParameterPage : public CPellPropertyPage {
+    Q_OBJECT
+public:
+    enum EKind {
+        Choice,   // a word of an enumeration: "set,<path>,<word>"
+        Switch,   // one of two words, as a check box: "set,<path>,<word>"
+        Signed,   // "set,<path>,%d"
+        Unsigned, // "set,<path>,%u"
+        Real,     // "set,<path>,%f"
+        Text,     // "set,<path>,\"<text>\""
+        Shown,    // read only
+    };
+
+    CParameterPage(std::shared_ptr<rxio::IReceiver> receiver, const QString& title,
+                   QWidget* parent = nullptr);
+
+    // The page's table, declared in its constructor. Choices list the enumeration's display
+    // names; a receiver word the table lacks is shown as it is and kept unless changed.
+    void BindChoice(QComboBox* box, const QString& path, const rxio::vex::EnumTable& table);
+    void BindSwitch(QCheckBox* box, const QString& path, const QString& on = QStringLiteral("on"),
+                    const QString& off = QStringLiteral("off"));
+    void BindSigned(QSpinBox* box, const QString& path);
+    void BindUnsigned(QSpinBox* box, const QString& path);
+    void BindReal(QDoubleSpinBox* box, const QString& path);
+    void BindText(QLineEdit* edit, const QString& path);
+    // A value shown in a label, by its display name when the enumeration is given.
+    void BindShown(QLabel* label, const QString& path, const rxio::vex::EnumTable* table = nullptr);
+
+    // Reads every bound parameter again; the user's unapplied changes are dropped.
+    void Refresh();
+    // The receiver knows `path` (after the page read it).
+    bool Knows(const QString& path) const;
+    // The commands Apply would send now, in the table's order.
+    QStringList PendingCommands() const;
+
+protected:
+    void OnInitDialog() override;
+    bool OnApply() override;
+
+private:
+    struct Binding {
+        Binding(QWidget* boundControl, QString boundPath, EKind boundKind,
+                const rxio::vex::EnumTable* words = nullptr, QString onWord = {},
+                QString offWord = {})
+            : control(boundControl), path(std::move(boundPath)), kind(boundKind), table(words),
+              on(std::move(onWord)), off(std::move(offWord)) {}
+
+        QWidget* control;
+        QString path;
+        EKind kind;
+        const rxio::vex::EnumTable* table;
+        QString on, off;
+        bool known = false;
+        QString applied; // the value as read or last written, in the receiver's form
+    };
+
+    void Add(Binding binding);
+    void Show(Binding& binding, const QString& reply);
+    // The control's value in the receiver's form, as "set" would write it.
+    QString Current(const Binding& binding) const;
+    QString Command(const Binding& binding) const;
+    void Mark(Binding& binding, const QString& reply);
+    void ShowRow(const Binding& binding, bool visible);
+
+    std::vector<Binding> m_bindings;
+    bool m_filling = false;
+};

@@ -1,0 +1,153 @@
+#include "SimulatedReceiver.h"
+#include "TestSupport.h"
+#include "config/PPSEventFrqPS.h"
+#include "lib/Common.h"
+#include "lib/PellLib.h"
+#include "receiver/VexReceiverMate.h"
+#include "resources/StringIds.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSpinBox>
+#include <gtest/gtest.h>
+
+namespace {
+
+using Sheet = CPellWindow<CPPSEventFrqPS>;
+
+QString Title(unsigned id, const char* channel = nullptr) {
+    const QString name = g_PellLibApp.XLoadString(id);
+    return channel ? g_PellLibApp.XLoadString(pell::ids::TimingPageTitle)
+                         .arg(name, QString::fromLatin1(channel))
+                   : name;
+}
+
+QStringList Titles(CPPSEventFrqPS& sheet) {
+    QStringList titles;
+    for (int i = 0; i < sheet.GetPageCount(); ++i)
+        titles << sheet.GetPage(i)->GetTitle();
+    return titles;
+}
+
+CParameterPage& Page(CPPSEventFrqPS& sheet, int index) {
+    sheet.SetActivePage(index);
+    return *static_cast<CParameterPage*>(sheet.GetPage(index));
+}
+
+void Click(QWidget& sheet, const char* button) {
+    sheet.findChild<QPushButton*>(QLatin1String(button))->click();
+}
+
+// Changes a control the way a user would; false for one that cannot change.
+bool Change(QWidget* control) {
+    if (auto* box = qobject_cast<QComboBox*>(control)) {
+        if (box->count() < 2)
+            return false;
+        box->setCurrentIndex((box->currentIndex() + 1) % box->count());
+    } else if (auto* check = qobject_cast<QCheckBox*>(control)) {
+        check->toggle();
+    } else if (auto* spin = qobject_cast<QSpinBox*>(control)) {
+        spin->setValue(spin->value() < spin->maximum() ? spin->value() + 1 : spin->value() - 1);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+TEST(TimingSheetTest, PagesAreTheChannelsTheReceiverHas) {
+    const struct {
+        const char* profile;
+        QStringList titles;
+    } cases[] = {
+        {"lumen7", {Title(pell::ids::PpsPage, "a")}},
+        {"ostrel-q", {Title(pell::ids::PpsPage, "a"), Title(pell::ids::EventPage, "a")}},
+        {"soren",
+         {Title(pell::ids::PpsPage, "a"), Title(pell::ids::PpsPage, "b"),
+          Title(pell::ids::EventPage, "a"), Title(pell::ids::FrequencyPage)}},
+        {"pardo7",
+         {Title(pell::ids::PpsPage, "a"), Title(pell::ids::PpsPage, "b"),
+          Title(pell::ids::EventPage, "a"), Title(pell::ids::EventPage, "b"),
+          Title(pell::ids::FrequencyPage)}},
+    };
+    for (const auto& c : cases) {
+        pell::test::SimulatedReceiver receiver(QString::fromLatin1(c.profile));
+        Sheet sheet(receiver.Receiver(), nullptr);
+        EXPECT_EQ(Titles(sheet), c.titles) << c.profile;
+    }
+    EXPECT_EQ(CPPSEventFrqPS::ChannelPath("dev/pps/%c/offs/ns", 'b'),
+              QStringLiteral("dev/pps/b/offs/ns"));
+}
+
+// Every control of every page, changed alone, sends exactly the one command of its kind.
+TEST(TimingSheetTest, EachControlWritesOneCommandOfItsKind) {
+    pell::test::SimulatedReceiver receiver(QStringLiteral("pardo7"));
+    CVexReceiverMate(receiver.Receiver()).Run(QStringLiteral("set,dev/pps/b/per/ms,500"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    const QRegularExpression command(
+        QStringLiteral(R"(^set,(dev/(pps|event)/[ab]|frq|osc)/[a-z/]+,(-?\d+|[a-z]+)$)"));
+    int changed = 0;
+    for (int index = 0; index < sheet.GetPageCount(); ++index) {
+        CParameterPage& page = Page(sheet, index);
+        EXPECT_TRUE(page.PendingCommands().isEmpty()) << page.GetTitle().toStdString();
+        for (QWidget* control : page.findChildren<QWidget*>()) {
+            if (!control->isVisible() || !control->isEnabled() || !Change(control))
+                continue;
+            const QStringList pending = page.PendingCommands();
+            ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
+            EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
+            const qsizetype before = receiver.Simulator().ReceivedCount();
+            Click(sheet, "applyButton");
+            // Besides the one write, only reads: the settings recorded afresh for Cancel.
+            const QStringList& received = receiver.Simulator().ReceivedCommands();
+            const QStringList writes =
+                received.mid(received.size() - (receiver.Simulator().ReceivedCount() - before))
+                    .filter(QRegularExpression(QStringLiteral("^(?!print,|list,)")));
+            EXPECT_EQ(writes, pending);
+            EXPECT_TRUE(page.PendingCommands().isEmpty());
+            ++changed;
+        }
+    }
+    EXPECT_GE(changed, 25);
+    Sheet again(receiver.Receiver(), nullptr);
+    again.show();
+    EXPECT_EQ(static_cast<QSpinBox*>(Page(again, 1).findChildren<QSpinBox*>().front())->value(),
+              501); // PPS b's period, read back after its change
+}
+
+TEST(TimingSheetTest, ARefusedValueStaysMarkedAndCancelKeepsOnlyWhatApplyCompleted) {
+    pell::test::ScopedPresenter boxes;
+    pell::test::SimulatedReceiver receiver(QStringLiteral("lumen7"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    CParameterPage& page = Page(sheet, 0);
+    auto* enable = page.findChildren<QCheckBox*>().front();
+    const QList<QSpinBox*> spins = page.findChildren<QSpinBox*>();
+    QSpinBox* period = spins[0];
+    QSpinBox* offsetNs = spins[2];
+
+    enable->setChecked(true);
+    Click(sheet, "applyButton");
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/pps/a/out")), QStringLiteral("on"));
+
+    // The period goes through, the offset is refused: the page stays with the offset marked.
+    period->setValue(250);
+    offsetNs->setMaximum(5000000);
+    offsetNs->setValue(2000000);
+    Click(sheet, "applyButton");
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/pps/a/per/ms")), QStringLiteral("250"));
+    ASSERT_FALSE(boxes.Boxes().empty());
+    EXPECT_TRUE(boxes.Boxes().back().text.contains(QStringLiteral("{2,,value out of range}")));
+    EXPECT_TRUE(offsetNs->property("refused").toBool());
+    EXPECT_EQ(offsetNs->toolTip(), QStringLiteral("{2,,value out of range}"));
+    EXPECT_TRUE(sheet.isVisible());
+
+    Click(sheet, "cancelButton");
+    EXPECT_EQ(sheet.result(), pell::IDCANCEL);
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/pps/a/out")), QStringLiteral("on"));
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/pps/a/per/ms")), QStringLiteral("1000"));
+}
+
+} // namespace
