@@ -194,12 +194,6 @@ QString CParameterPage::Command(const Binding& binding) const {
     return {};
 }
 
-bool CParameterPage::Knows(const QString& path) const {
-    return std::any_of(m_bindings.begin(), m_bindings.end(), [&](const Binding& binding) {
-        return binding.path == path && binding.known;
-    });
-}
-
 QStringList CParameterPage::PendingCommands() const {
     QStringList commands;
     for (const Binding& binding : m_bindings)

@@ -51,8 +51,6 @@ public:
 
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
-    // The receiver knows `path` (after the page read it).
-    bool Knows(const QString& path) const;
     // The commands Apply would send now, in the table's order.
     QStringList PendingCommands() const;
 

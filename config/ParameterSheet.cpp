@@ -37,12 +37,24 @@ void CParameterSheet::OnChangesApplied() {
     Record();
 }
 
+// A receiver that is gone has nothing to put back into, and its loss has been told already.
+void CParameterSheet::PutBack() {
+    try {
+        m_restorer->Restore();
+    } catch (const ulm_std::CWinException& error) {
+        if (error.GetErrorCode() != pell::ERROR_DEV_NOT_EXIST)
+            error.ReportError(this);
+    } catch (const ulm_std::CException& error) {
+        error.ReportError(this);
+    }
+}
+
 void CParameterSheet::OnDestroy() {
     if (m_restorer) {
         if (ClosingResult() == pell::IDOK)
             m_restorer->Keep();
         else
-            pell::RunAndReport(this, [this] { m_restorer->Restore(); });
+            PutBack();
         m_restorer.reset();
     }
     CPellPropertySheet::OnDestroy();

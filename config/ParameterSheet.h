@@ -28,6 +28,7 @@ protected:
 
 private:
     void Record();
+    void PutBack();
 
     QStringList m_masks;
     CVexReceiverMate m_mate;
