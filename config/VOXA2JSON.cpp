@@ -20,6 +20,7 @@
 #include <rapidjson/memorystream.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+#include <variant>
 
 namespace VOXA2JSON {
 
@@ -142,6 +143,40 @@ std::optional<Message> ParseMessage(const QString& text) {
     return message;
 }
 
+// One item of a value, or nothing when its source does not fit the type.
+using Item = std::optional<std::variant<bool, std::int32_t, double, QString, Message>>;
+
+void Store(Value& value, bool item, bool list) {
+    list ? value.booleans.push_back(item) : void(value.boolean = item);
+}
+void Store(Value& value, std::int32_t item, bool list) {
+    list ? value.integers.push_back(item) : void(value.integer = item);
+}
+void Store(Value& value, double item, bool list) {
+    list ? value.reals.push_back(item) : void(value.real = item);
+}
+void Store(Value& value, const QString& item, bool list) {
+    list ? value.texts.push_back(item) : void(value.text = item);
+}
+void Store(Value& value, const Message& item, bool list) {
+    list ? value.messages.push_back(item) : void(value.message = item);
+}
+
+// A value of `type` from its items, whichever source they come from: `read(itemType, i)` gives
+// item i of a list of `count`, or with i = -1 the one item of a value that is no list.
+template <class Read> std::optional<Value> Collect(EType type, qsizetype count, const Read& read) {
+    Value value = EmptyValue(type);
+    const bool list = IsList(type);
+    for (qsizetype i = list ? 0 : -1; i < (list ? count : 0); ++i) {
+        const Item item = read(ItemType(type), i);
+        if (!item)
+            return std::nullopt;
+        std::visit([&](const auto& stored) { Store(value, stored, list); }, *item);
+    }
+    value.invalid = false;
+    return value;
+}
+
 QString UnquotedText(const QString& text) {
     if (const auto unquoted = pell::vexcmd::UnquoteText(text))
         return *unquoted;
@@ -150,8 +185,8 @@ QString UnquotedText(const QString& text) {
     return text;
 }
 
-// Reads one item of type `type` (no list) into `value`'s list or scalar member.
-bool ParseItem(EType type, const Binding& binding, const QString& text, Value& value, bool list) {
+// The receiver's reply for one item (of a base type), or nothing when it does not parse.
+Item ParseItem(EType type, const Binding& binding, const QString& text) {
     switch (type) {
     case EType::Boolean: {
         const bool isTrue =
@@ -159,56 +194,37 @@ bool ParseItem(EType type, const Binding& binding, const QString& text, Value& v
         const bool isFalse = !binding.falseText.isEmpty() &&
                              text.compare(binding.falseText, Qt::CaseInsensitive) == 0;
         if (isTrue == isFalse)
-            return false;
-        list ? value.booleans.push_back(isTrue) : void(value.boolean = isTrue);
-        return true;
+            return std::nullopt;
+        return isTrue;
     }
-    case EType::Integer: {
-        const auto integer = ParseInteger(text, binding.radix);
-        if (!integer)
-            return false;
-        list ? value.integers.push_back(*integer) : void(value.integer = *integer);
-        return true;
-    }
-    case EType::Float: {
-        const auto real = ParseReal(text);
-        if (!real)
-            return false;
-        list ? value.reals.push_back(*real) : void(value.real = *real);
-        return true;
-    }
+    case EType::Integer:
+        if (const auto integer = ParseInteger(text, binding.radix))
+            return *integer;
+        return std::nullopt;
+    case EType::Float:
+        if (const auto real = ParseReal(text))
+            return *real;
+        return std::nullopt;
     case EType::String:
-    case EType::QString: {
-        const QString item = type == EType::QString ? UnquotedText(text) : text;
-        list ? value.texts.push_back(item) : void(value.text = item);
-        return true;
-    }
-    case EType::Message: {
-        const auto message = ParseMessage(text);
-        if (!message)
-            return false;
-        list ? value.messages.push_back(*message) : void(value.message = *message);
-        return true;
-    }
+        return text;
+    case EType::QString:
+        return UnquotedText(text);
+    case EType::Message:
+        if (const auto message = ParseMessage(text))
+            return *message;
+        return std::nullopt;
     default:
-        return false;
+        return std::nullopt;
     }
 }
 
 std::optional<Value> ParseValue(EType type, const Binding& binding, const QString& reply) {
-    Value value = EmptyValue(type);
-    if (!IsList(type)) {
-        if (!ParseItem(type, binding, reply, value, false))
-            return std::nullopt;
-    } else {
-        if (!reply.startsWith(QLatin1Char('{')) || !reply.endsWith(QLatin1Char('}')))
-            return std::nullopt;
-        for (const QString& item : CVexReceiverMate::SplitList(reply))
-            if (!ParseItem(ItemType(type), binding, item.trimmed(), value, true))
-                return std::nullopt;
-    }
-    value.invalid = false;
-    return value;
+    if (IsList(type) && (!reply.startsWith(QLatin1Char('{')) || !reply.endsWith(QLatin1Char('}'))))
+        return std::nullopt;
+    const QStringList items = IsList(type) ? CVexReceiverMate::SplitList(reply) : QStringList();
+    return Collect(type, items.size(), [&](EType itemType, qsizetype i) {
+        return ParseItem(itemType, binding, i < 0 ? reply : items[i].trimmed());
+    });
 }
 
 // A bare text item that would change the list around it.
@@ -543,55 +559,33 @@ std::optional<Message> JsonMessage(const JsonValue& value) {
                    flags->GetUint()};
 }
 
-bool TakeItem(EType type, const JsonValue& json, Value& value, bool list) {
+Item TakeItem(EType type, const JsonValue& json) {
     switch (type) {
     case EType::Boolean:
-        if (!json.IsBool())
-            return false;
-        list ? value.booleans.push_back(json.GetBool()) : void(value.boolean = json.GetBool());
-        return true;
+        return json.IsBool() ? Item(json.GetBool()) : std::nullopt;
     case EType::Integer:
-        if (!json.IsInt())
-            return false;
-        list ? value.integers.push_back(json.GetInt()) : void(value.integer = json.GetInt());
-        return true;
+        return json.IsInt() ? Item(std::int32_t(json.GetInt())) : std::nullopt;
     case EType::Float:
-        if (!json.IsNumber())
-            return false;
-        list ? value.reals.push_back(json.GetDouble()) : void(value.real = json.GetDouble());
-        return true;
+        return json.IsNumber() ? Item(json.GetDouble()) : std::nullopt;
     case EType::String:
     case EType::QString:
-        if (!json.IsString())
-            return false;
-        list ? value.texts.push_back(JsonText(json)) : void(value.text = JsonText(json));
-        return true;
-    case EType::Message: {
-        const auto message = JsonMessage(json);
-        if (!message)
-            return false;
-        list ? value.messages.push_back(*message) : void(value.message = *message);
-        return true;
-    }
+        return json.IsString() ? Item(JsonText(json)) : std::nullopt;
+    case EType::Message:
+        if (const auto message = JsonMessage(json))
+            return *message;
+        return std::nullopt;
     default:
-        return false;
+        return std::nullopt;
     }
 }
 
 std::optional<Value> TakeValue(EType type, const JsonValue& json) {
-    Value value = EmptyValue(type);
-    if (!IsList(type)) {
-        if (!TakeItem(type, json, value, false))
-            return std::nullopt;
-    } else {
-        if (!json.IsArray())
-            return std::nullopt;
-        for (const JsonValue& item : json.GetArray())
-            if (!TakeItem(ItemType(type), item, value, true))
-                return std::nullopt;
-    }
-    value.invalid = false;
-    return value;
+    if (IsList(type) && !json.IsArray())
+        return std::nullopt;
+    return Collect(type, IsList(type) ? qsizetype(json.Size()) : 0,
+                   [&](EType itemType, qsizetype i) {
+                       return TakeItem(itemType, i < 0 ? json : json[rapidjson::SizeType(i)]);
+                   });
 }
 
 void TakeObject(Object& object, const JsonValue* json) {
