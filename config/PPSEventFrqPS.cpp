@@ -102,11 +102,11 @@ CPPS_PP::CPPS_PP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWidge
     });
 }
 
-void CPPS_PP::OnInitDialog() {
-    CParameterPage::OnInitDialog();
+void CPPS_PP::OnValuesRead() {
     const QSignalBlocker blocker(m_marked);
     m_marked->setChecked(m_markedPeriod->value() > 0);
-    m_marked->setVisible(m_markedPeriod->isVisible());
+    m_marked->setVisible(m_markedPeriod->isVisibleTo(this));
+    m_marked->setEnabled(m_markedPeriod->isEnabled());
     m_markedPeriod->setEnabled(m_markedPeriod->isEnabled() && m_marked->isChecked());
 }
 

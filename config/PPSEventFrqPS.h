@@ -14,7 +14,7 @@ public:
     CPPS_PP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWidget* parent = nullptr);
 
 protected:
-    void OnInitDialog() override;
+    void OnValuesRead() override;
 
 private:
     QCheckBox* m_marked;

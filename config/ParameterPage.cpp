@@ -1,5 +1,6 @@
 #include "config/ParameterPage.h"
 
+#include "config/ParameterSheet.h"
 #include "lib/Exceptions.h"
 #include "lib/Translator.h"
 #include "receiver/VexCommands.h"
@@ -8,9 +9,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -67,14 +70,10 @@ void CParameterPage::BindSwitch(QCheckBox* box, const QString& path, const QStri
 }
 
 void CParameterPage::BindSigned(QSpinBox* box, const QString& path) {
-    if (box->minimum() == 0 && box->maximum() == 99) // the spin box's own range: none was set
-        box->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
     Add({box, path, Signed});
 }
 
 void CParameterPage::BindUnsigned(QSpinBox* box, const QString& path) {
-    if (box->minimum() == 0 && box->maximum() == 99)
-        box->setRange(0, std::numeric_limits<int>::max());
     Add({box, path, Unsigned});
 }
 
@@ -100,27 +99,39 @@ void CParameterPage::Refresh() {
     const CVexReceiverMate mate(GetReceiver());
     for (Binding& binding : m_bindings) {
         Mark(binding, {});
+        binding.control->setToolTip({});
         try {
-            Show(binding, mate.Run(pell::vexcmd::Print(binding.path)));
+            const QString reply = mate.Run(pell::vexcmd::Print(binding.path));
             binding.known = true;
-            binding.control->setEnabled(true);
+            binding.writable = Show(binding, reply) && binding.kind != Shown;
+            if (!binding.writable && binding.kind != Shown)
+                binding.control->setToolTip(reply);
         } catch (const ulm_std::CCommException& error) {
             // Unknown: the receiver has no such parameter. Any other refusal: it has one the
             // page cannot show, so it is neither shown nor written.
             binding.known = !IsUnknownPath(error.GetReply());
-            binding.control->setEnabled(false);
+            binding.writable = false;
             binding.control->setToolTip(error.GetReply());
         }
+        if (SheetClosing())
+            return;
+        binding.control->setEnabled(binding.writable || binding.kind == Shown);
         ShowRow(binding, binding.known);
     }
     SetModified(false);
+    OnValuesRead();
 }
 
-void CParameterPage::Show(Binding& binding, const QString& reply) {
+void CParameterPage::OnValuesRead() {}
+
+bool CParameterPage::Show(Binding& binding, const QString& reply) {
     m_filling = true;
+    QString shown = reply; // the reply as the control must give it back
     switch (binding.kind) {
     case Choice: {
         auto* box = static_cast<QComboBox*>(binding.control);
+        while (box->count() > binding.table->Count()) // a word a former read added
+            box->removeItem(box->count() - 1);
         int index = box->findData(reply);
         if (index < 0) {
             box->addItem(reply, reply);
@@ -133,15 +144,25 @@ void CParameterPage::Show(Binding& binding, const QString& reply) {
         static_cast<QCheckBox*>(binding.control)->setChecked(reply == binding.on);
         break;
     case Signed:
-    case Unsigned:
-        static_cast<QSpinBox*>(binding.control)->setValue(reply.toInt());
+    case Unsigned: {
+        bool ok = false;
+        const qlonglong number = reply.toLongLong(&ok);
+        shown = ok ? QString::number(number) : QString();
+        static_cast<QSpinBox*>(binding.control)
+            ->setValue(int(std::clamp<qlonglong>(number, std::numeric_limits<int>::min(),
+                                                 std::numeric_limits<int>::max())));
         break;
-    case Real:
-        static_cast<QDoubleSpinBox*>(binding.control)->setValue(reply.toDouble());
+    }
+    case Real: {
+        bool ok = false;
+        const double number = reply.toDouble(&ok);
+        shown = ok ? QString::asprintf("%f", number) : QString();
+        static_cast<QDoubleSpinBox*>(binding.control)->setValue(number);
         break;
+    }
     case Text:
-        static_cast<QLineEdit*>(binding.control)
-            ->setText(pell::vexcmd::UnquoteText(reply).value_or(reply));
+        shown = pell::vexcmd::UnquoteText(reply).value_or(reply);
+        static_cast<QLineEdit*>(binding.control)->setText(shown);
         break;
     case Shown:
         static_cast<QLabel*>(binding.control)
@@ -150,7 +171,8 @@ void CParameterPage::Show(Binding& binding, const QString& reply) {
         break;
     }
     m_filling = false;
-    binding.applied = Current(binding);
+    binding.applied = shown;
+    return binding.kind == Shown || Current(binding) == shown;
 }
 
 QString CParameterPage::Current(const Binding& binding) const {
@@ -194,35 +216,71 @@ QString CParameterPage::Command(const Binding& binding) const {
     return {};
 }
 
-QStringList CParameterPage::PendingCommands() const {
+std::vector<CParameterPage::Binding*> CParameterPage::Changed() {
+    std::vector<Binding*> changed;
+    for (Binding& binding : m_bindings)
+        if (binding.writable && Current(binding) != binding.applied)
+            changed.push_back(&binding);
+    return changed;
+}
+
+QStringList CParameterPage::PendingCommands() {
     QStringList commands;
-    for (const Binding& binding : m_bindings)
-        if (binding.kind != Shown && binding.known && binding.control->isEnabled() &&
-            Current(binding) != binding.applied)
-            commands << Command(binding);
+    for (const Binding* binding : Changed())
+        commands << Command(*binding);
     return commands;
 }
 
+bool CParameterPage::SheetClosing() const {
+    return GetSheet() && GetSheet()->ClosingResult() != 0;
+}
+
 bool CParameterPage::OnApply() {
-    const CVexReceiverMate mate(GetReceiver());
-    for (Binding& binding : m_bindings) {
-        if (binding.kind == Shown || !binding.known || !binding.control->isEnabled() ||
-            Current(binding) == binding.applied)
-            continue;
+    // Every command is composed before the first goes out: a text that cannot be sent stops the
+    // page before it has written anything.
+    std::vector<std::pair<Binding*, QString>> commands;
+    for (Binding* binding : Changed()) {
         try {
-            mate.Run(Command(binding));
-            binding.applied = Current(binding);
-        } catch (const ulm_std::CCommException& error) {
-            Mark(binding, error.GetReply());
-            error.ReportError(this);
-            return false;
+            commands.emplace_back(binding, Command(*binding));
         } catch (const ulm_std::CWinException& error) {
-            Mark(binding, error.GetErrorMessage());
+            Mark(*binding, error.GetErrorMessage());
             error.ReportError(this);
             return false;
         }
     }
+    if (commands.empty())
+        return true;
+    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+        sheet->BeforeWriting();
+    const CVexReceiverMate mate(GetReceiver());
+    for (auto& [binding, command] : commands) {
+        try {
+            mate.Run(command);
+            binding->applied = Current(*binding);
+        } catch (const ulm_std::CException& error) {
+            if (SheetClosing())
+                return false; // a notice closed the sheet under this command: nothing to tell
+            const auto* comm = dynamic_cast<const ulm_std::CCommException*>(&error);
+            Mark(*binding, comm ? comm->GetReply() : error.GetErrorMessage());
+            error.ReportError(this);
+            return false;
+        }
+        if (SheetClosing())
+            return false;
+    }
     return true;
+}
+
+void CParameterPage::OnConnectionLost() {
+    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+        sheet->ForgetRecord();
+    CPellPropertyPage::OnConnectionLost();
+}
+
+void CParameterPage::OnReceiverGone() {
+    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+        sheet->ForgetRecord();
+    CPellPropertyPage::OnReceiverGone();
 }
 
 // A refused value keeps a red frame and the receiver's reply as its tool tip until it changes.
@@ -244,6 +302,12 @@ void CParameterPage::Mark(Binding& binding, const QString& reply) {
 }
 
 void CParameterPage::ShowRow(const Binding& binding, bool visible) {
+    // A form row goes with its spacing; a control elsewhere goes with the label it is buddy of.
+    for (QFormLayout* form : findChildren<QFormLayout*>())
+        if (form->indexOf(binding.control) >= 0) {
+            form->setRowVisible(binding.control, visible);
+            return;
+        }
     binding.control->setVisible(visible);
     for (QLabel* label : findChildren<QLabel*>())
         if (label->buddy() == binding.control)

@@ -19,8 +19,9 @@ class QSpinBox;
 // its value. The page reads every parameter with "print" when it is first shown (or refreshed),
 // writes only what the user changed, each with the command of its kind, on Apply and OK, and
 // keeps itself open with the control marked and the receiver's reply shown when the receiver
-// refuses one. A parameter the receiver does not have hides its control and the control's label;
-// a read-only one is shown and never written. docs/configuration.md has a page as an example.
+// refuses one. A parameter the receiver does not have hides its row; one whose value the control
+// cannot show exactly is disabled and never written; a read-only one is shown and never written.
+// Controls keep the ranges the page gives them. docs/configuration.md has a page as an example.
 class PELL_EXPORT CParameterPage : public CPellPropertyPage {
     Q_OBJECT
 public:
@@ -38,7 +39,8 @@ public:
                    QWidget* parent = nullptr);
 
     // The page's table, declared in its constructor. Choices list the enumeration's display
-    // names; a receiver word the table lacks is shown as it is and kept unless changed.
+    // names (tables are the library's static ones); a receiver word the table lacks is shown as
+    // it is and kept unless changed.
     void BindChoice(QComboBox* box, const QString& path, const rxio::vex::EnumTable& table);
     void BindSwitch(QCheckBox* box, const QString& path, const QString& on = QStringLiteral("on"),
                     const QString& off = QStringLiteral("off"));
@@ -52,11 +54,15 @@ public:
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
     // The commands Apply would send now, in the table's order.
-    QStringList PendingCommands() const;
+    QStringList PendingCommands();
 
 protected:
     void OnInitDialog() override;
     bool OnApply() override;
+    void OnConnectionLost() override;
+    void OnReceiverGone() override;
+    // After every read: controls that follow the values (a box that switches a field) sync here.
+    virtual void OnValuesRead();
 
 private:
     struct Binding {
@@ -71,12 +77,18 @@ private:
         EKind kind;
         const rxio::vex::EnumTable* table;
         QString on, off;
-        bool known = false;
-        QString applied; // the value as read or last written, in the receiver's form
+        bool known = false;    // the receiver has the parameter
+        bool writable = false; // read, and shown exactly as the receiver gave it
+        QString applied;       // the value as read or last written, in the receiver's form
     };
 
     void Add(Binding binding);
-    void Show(Binding& binding, const QString& reply);
+    // Shows a reply; false when the control cannot show it exactly.
+    bool Show(Binding& binding, const QString& reply);
+    // The bindings whose control differs from what the receiver holds.
+    std::vector<Binding*> Changed();
+    // The sheet is closing under a command of this page (a receiver's notice).
+    bool SheetClosing() const;
     // The control's value in the receiver's form, as "set" would write it.
     QString Current(const Binding& binding) const;
     QString Command(const Binding& binding) const;

@@ -150,4 +150,33 @@ TEST(TimingSheetTest, ARefusedValueStaysMarkedAndCancelKeepsOnlyWhatApplyComplet
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/pps/a/per/ms")), QStringLiteral("1000"));
 }
 
+// What the controls cannot show exactly is left as the receiver has it; a box that switches a
+// field writes through it; a receiver gone before the sheet opens ends it with a report.
+TEST(TimingSheetTest, WritesOnlyWhatTheUserChanged) {
+    pell::test::ScopedPresenter boxes;
+    pell::test::SimulatedReceiver receiver(QStringLiteral("lumen7"));
+    CVexReceiverMate(receiver.Receiver())
+        .Run(QStringLiteral("set,dev/pps/a/mper,2000;set,dev/pps/a/offs/ms,400"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    CParameterPage& page = Page(sheet, 0);
+    auto* marked = page.findChildren<QCheckBox*>()[1];
+    QSpinBox* offsetMs = page.findChildren<QSpinBox*>()[1];
+    ASSERT_TRUE(marked->isChecked());
+    marked->setChecked(false);
+    EXPECT_EQ(page.PendingCommands(), QStringList{"set,dev/pps/a/mper,0"});
+
+    offsetMs->setRange(-300, 300);
+    page.Refresh();
+    EXPECT_FALSE(offsetMs->isEnabled());
+    EXPECT_EQ(offsetMs->toolTip(), QStringLiteral("400"));
+    EXPECT_TRUE(page.PendingCommands().isEmpty());
+    Click(sheet, "okButton");
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/pps/a/offs/ms")), QStringLiteral("400"));
+
+    receiver.Receiver()->Disconnect();
+    EXPECT_EQ(run_PPSEventFrqPS(receiver.Receiver(), nullptr), pell::IDCANCEL);
+    EXPECT_FALSE(boxes.Boxes().empty());
+}
+
 } // namespace
