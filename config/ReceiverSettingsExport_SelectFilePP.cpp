@@ -6,8 +6,6 @@
 #include "lib/PellLib.h"
 #include "resources/StringIds.h"
 
-#include <algorithm>
-
 CReceiverSettingsExport_SelectFilePP::CReceiverSettingsExport_SelectFilePP(
     std::shared_ptr<rxio::IReceiver> receiver,
     CReceiverSettingsExport_SelectParametersPP& parameters, QWidget* parent)
@@ -18,11 +16,8 @@ CReceiverSettingsExport_SelectFilePP::CReceiverSettingsExport_SelectFilePP(
 void CReceiverSettingsExport_SelectFilePP::OnSetActive() {
     CReceiverSettingsFilePage::OnSetActive();
     GetSheet()->SetWizardButtons(pell::PSWIZB_BACK | pell::PSWIZB_FINISH);
-    const auto variables = VOXA2JSON::SelectedVariables(*m_parameters.Root());
-    const auto saved =
-        std::count_if(variables.begin(), variables.end(),
-                      [](const VOXA2JSON::Variable* variable) { return !variable->value.invalid; });
-    SetSummary(g_PellLibApp.XLoadString(pell::ids::SettingsWillBeSaved).arg(saved));
+    SetSummary(g_PellLibApp.XLoadString(pell::ids::SettingsWillBeSaved)
+                   .arg(VOXA2JSON::SelectedValueCount(*m_parameters.Root())));
 }
 
 // A file that cannot be written is said so and the page stays, so the user can choose another

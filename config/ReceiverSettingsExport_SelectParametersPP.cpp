@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QTimer>
-#include <algorithm>
 
 CReceiverSettingsExport_SelectParametersPP::CReceiverSettingsExport_SelectParametersPP(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
@@ -36,11 +35,10 @@ void CReceiverSettingsExport_SelectParametersPP::OnSetActive() {
 // The checked variables; what was read before comes from the accessor's cache without a command,
 // so a box checked later costs only its own reading.
 void CReceiverSettingsExport_SelectParametersPP::ReadValues() {
-    if (m_reading) {
+    if (IsReading()) {
         m_readAgain = true;
         return;
     }
-    m_reading = true;
     SetReading(true);
     GetSheet()->SetWizardButtons(0);
     bool done = false;
@@ -67,18 +65,12 @@ void CReceiverSettingsExport_SelectParametersPP::ReadValues() {
             error.ReportError(this);
         done = false;
     }
-    m_reading = false;
     SetReading(false);
     if (!done)
         return;
     m_read = true;
-    // What the file would hold: settings this receiver does not have are no values.
-    const auto variables = VOXA2JSON::SelectedVariables(*Root());
     Status().setText(g_PellLibApp.XLoadString(pell::ids::SettingsRead)
-                         .arg(std::count_if(variables.begin(), variables.end(),
-                                            [](const VOXA2JSON::Variable* variable) {
-                                                return !variable->value.invalid;
-                                            })));
+                         .arg(VOXA2JSON::SelectedValueCount(*Root())));
     if (GetSheet()->GetActivePage() == this)
         GetSheet()->SetWizardButtons(pell::PSWIZB_NEXT);
 }

@@ -23,6 +23,5 @@ private:
     void ReadValues();
 
     bool m_read = false;
-    bool m_reading = false;
     bool m_readAgain = false;
 };

@@ -39,6 +39,7 @@ protected:
 
     // While the receiver is being read, the details (which would talk to it too) wait.
     void SetReading(bool reading);
+    bool IsReading() const { return m_reading; }
     QProgressBar& Progress() { return *m_progress; }
     QLabel& Status() { return *m_status; }
     bool CancelRequested() const { return m_cancel.stop_requested(); }

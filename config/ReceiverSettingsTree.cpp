@@ -103,8 +103,9 @@ void CReceiverSettingsTree::UpdateVariable(const Variable& variable) {
     item->setToolTip(0, ItemText(variable, true));
     item->setToolTip(1, ItemText(variable, true));
     // An error reads as a remark, not as a value.
-    item->setForeground(1, variable.error.isEmpty() && !missing ? palette().text()
-                                                                : palette().placeholderText());
+    item->setForeground(1, variable.error.isEmpty() && !missing
+                               ? palette().text()
+                               : palette().color(QPalette::Disabled, QPalette::Text));
 }
 
 QTreeWidgetItem* CReceiverSettingsTree::ItemOf(const Element& element) const {

@@ -950,6 +950,12 @@ std::vector<Variable*> SelectedVariables(Object& root) {
     return variables;
 }
 
+int SelectedValueCount(Object& root) {
+    const std::vector<Variable*> variables = SelectedVariables(root);
+    return int(std::count_if(variables.begin(), variables.end(),
+                             [](const Variable* variable) { return !variable->value.invalid; }));
+}
+
 std::vector<Variable*> AllVariables(Object& root) {
     std::vector<Variable*> variables;
     CollectVariables(root, variables, false);

@@ -208,6 +208,8 @@ enum class EDirection { Export, Import };
 PELL_EXPORT void SelectDefaults(Object& root, EDirection direction, bool all = false);
 // The variables the walk reaches, in tree order: through selected objects only.
 PELL_EXPORT std::vector<Variable*> SelectedVariables(Object& root);
+// How many of the selected variables have a value: what a file written now would hold.
+PELL_EXPORT int SelectedValueCount(Object& root);
 // Every variable of the tree, in tree order, selected or not.
 PELL_EXPORT std::vector<Variable*> AllVariables(Object& root);
 
