@@ -179,4 +179,10 @@ constexpr unsigned FrequencyOffsetReduction = 61521;
 constexpr unsigned TimingPulse = 61522;
 constexpr unsigned TimingReference = 61523;
 
+// NTRIP sheet.
+constexpr unsigned NtripSingleBase = 61800;
+constexpr unsigned NtripNetwork = 61801;
+constexpr unsigned NtripL1 = 61802;
+constexpr unsigned NtripL1L2 = 61803;
+
 } // namespace pell::ids

@@ -202,6 +202,10 @@ constexpr StringEntry kEntries[] = {
     {61521, QT_TRANSLATE_NOOP3("PellLib", "Oscillator Offset Reduction", "61521")},
     {61522, QT_TRANSLATE_NOOP3("PellLib", "Pulse", "61522")},
     {61523, QT_TRANSLATE_NOOP3("PellLib", "Time Reference", "61523")},
+    {61800, QT_TRANSLATE_NOOP3("PellLib", "Single Base", "61800")},
+    {61801, QT_TRANSLATE_NOOP3("PellLib", "Network", "61801")},
+    {61802, QT_TRANSLATE_NOOP3("PellLib", "L1", "61802")},
+    {61803, QT_TRANSLATE_NOOP3("PellLib", "L1+L2", "61803")},
 };
 
 } // namespace

@@ -828,6 +828,26 @@
         <comment>61523</comment>
         <translation>Zeitbezug</translation>
     </message>
+    <message>
+        <source>Single Base</source>
+        <comment>61800</comment>
+        <translation>Einzelbasis</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <comment>61801</comment>
+        <translation>Netzwerk</translation>
+    </message>
+    <message>
+        <source>L1</source>
+        <comment>61802</comment>
+        <translation>L1</translation>
+    </message>
+    <message>
+        <source>L1+L2</source>
+        <comment>61803</comment>
+        <translation>L1+L2</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

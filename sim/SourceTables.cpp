@@ -1,0 +1,86 @@
+#include "SourceTables.h"
+
+#include <array>
+#include <cstdio>
+
+namespace rxsim {
+namespace {
+
+struct Town {
+    const char* name;
+    const char* country;
+    double latitude;
+    double longitude;
+};
+
+constexpr std::array<Town, 12> kTowns = {{
+    {"Bremen", "DEU", 53.08, 8.80},
+    {"Lyon", "FRA", 45.76, 4.84},
+    {"Graz", "AUT", 47.07, 15.44},
+    {"Delft", "NLD", 52.01, 4.36},
+    {"Aarhus", "DNK", 56.16, 10.20},
+    {"Porto", "PRT", 41.15, -8.61},
+    {"Turku", "FIN", 60.45, 22.27},
+    {"Brno", "CZE", 49.20, 16.61},
+    {"Cork", "IRL", 51.90, -8.47},
+    {"Bergen", "NOR", 60.39, 5.32},
+    {"Verona", "ITA", 45.44, 10.99},
+    {"Gdansk", "POL", 54.35, 18.65},
+}};
+
+struct Format {
+    const char* name;
+    const char* details;
+    int carrier;
+};
+
+constexpr std::array<Format, 5> kFormats = {{
+    {"RTCM 3.2", "1006(10),1033(10),1074(1),1084(1),1094(1),1124(1),1230(10)", 2},
+    {"RTCM 3.3", "1005(10),1077(1),1087(1),1097(1),1127(1)", 2},
+    {"RTCM3", "1004(1),1006(10),1012(1)", 2},
+    {"RTCM 2.3", "1(1),3(10),18(1),19(1)", 2},
+    {"RTCM 2.1", "1(1),3(10)", 1},
+}};
+
+std::string Line(const char* format, auto... values) {
+    char buffer[512];
+    const int length = std::snprintf(buffer, sizeof buffer, format, values...);
+    return std::string(buffer, std::size_t(length)) + "\r\n";
+}
+
+} // namespace
+
+std::string MakeSourceTable(std::size_t streams, bool malformed) {
+    std::string table = Line("CAS;caster.example.net;2101;PellCaster;Pell Survey Services;0;DEU;"
+                             "52.52;13.40;fallback.example.net;2101;");
+    table += Line("NET;PELLNET;Pell Survey Services;B;N;https://example.net/net;"
+                  "https://example.net/str;https://example.net/reg;none");
+    for (std::size_t i = 0; i < streams; ++i) {
+        const Town& town = kTowns[i % kTowns.size()];
+        const Format& format = kFormats[i / kTowns.size() % kFormats.size()];
+        const bool network = i % 7 == 3;
+        // Stations spread around their town, a few kilometres apart.
+        const double north = town.latitude + double(i / kTowns.size() % 40) * 0.05 - 1.0;
+        const double east = town.longitude + double(i / kTowns.size() / 40 % 40) * 0.07 - 1.4;
+        table +=
+            Line("STR;%.4s%04zu%s;%s;%s;%s;%d;GPS+GLO+GAL+BDS;PELLNET;%s;%.2f;%.2f;%d;%d;"
+                 "GNSS Receiver;none;B;N;%d;%s",
+                 town.name, i, network ? "VRS" : "", town.name, format.name, format.details,
+                 format.carrier, town.country, north, east, network ? 1 : 0, network ? 1 : 0,
+                 2400 + int(i % 5) * 1200, i % 11 == 5 ? "\"misc; with a semicolon\"" : "none");
+        if (malformed && i % 50 == 17) {
+            table += "this is no record\r\n";
+            table += Line("STR;;Nowhere;RTCM 3.2;;2;GPS;PELLNET;DEU;52.0;13.0;0;0;x;none;B;N;0;");
+            table += Line("STR;SHORT%zu;Nowhere", i);
+            table += Line("STR;LONG%zu;Far;RTCM 3;1004;2;GPS;NET;DEU;91.5;400;1;0;g;none;B;N;"
+                          "9600;misc;extra;fields",
+                          i);
+            table += Line("STR;QUOTE%zu;\"Unterminated;RTCM 3;;2", i);
+            table += "STR;" + std::string(5000, 'X') + "\r\n";
+        }
+    }
+    table += "ENDSOURCETABLE\r\n";
+    return table;
+}
+
+} // namespace rxsim
