@@ -1,6 +1,7 @@
 #include "ReceiverState.h"
 
 #include "Sky.h"
+#include "SourceTables.h"
 
 #include <algorithm>
 #include <cmath>
@@ -487,7 +488,18 @@ Answer CReceiverState::Set(const QStringList& args, SideEffects&) {
     if (!accepted)
         return ErrorAnswer(2, QStringLiteral("value out of range"));
     it->second.value = *accepted;
+    if (path == QLatin1String("ntrip/caster/addr"))
+        FetchSourceTable(*accepted);
     return {};
+}
+
+void CReceiverState::FetchSourceTable(const QString& host) {
+    const auto table = m_params.find(QStringLiteral("ntrip/caster/table"));
+    if (table == m_params.end())
+        return;
+    const auto served = CasterSourceTable(host.toStdString());
+    table->second.value =
+        served ? QString::fromStdString(*served) : table->second.def->defaultValue;
 }
 
 Answer CReceiverState::List(const QStringList& args, SideEffects&) {

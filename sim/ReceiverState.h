@@ -79,6 +79,8 @@ private:
 
     Answer RunOne(const QString& command, SideEffects& effects);
     void AddParam(const ParamSpec& def, const QString& path);
+    // The receiver fetches the source table of the caster it is pointed to.
+    void FetchSourceTable(const QString& host);
     bool Exists(const QString& path) const;
     // The printed subtree at `path`: a value, or a record {name=...} of its children.
     QString Subtree(const QString& path) const;

@@ -83,4 +83,12 @@ std::string MakeSourceTable(std::size_t streams, bool malformed) {
     return table;
 }
 
+std::optional<std::string> CasterSourceTable(std::string_view host) {
+    if (host.starts_with("large."))
+        return MakeSourceTable(5000);
+    if (host.starts_with("broken."))
+        return MakeSourceTable(60, true);
+    return std::nullopt;
+}
+
 } // namespace rxsim

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace rxsim {
 
@@ -12,5 +14,10 @@ namespace rxsim {
 // record without a mount point, short and overlong records, an unterminated quote, a line longer
 // than any record.
 std::string MakeSourceTable(std::size_t streams, bool malformed = false);
+
+// The table the simulated receiver fetches from the caster at `host`: "large.<any>" serves
+// 5,000 streams, "broken.<any>" a table with malformed lines; other hosts the model's own table
+// (nothing here).
+std::optional<std::string> CasterSourceTable(std::string_view host);
 
 } // namespace rxsim

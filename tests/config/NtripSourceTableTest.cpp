@@ -1,6 +1,9 @@
 #include "config/NtripSourceTable.h"
 
+#include "SimulatedReceiver.h"
 #include "SourceTables.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -121,6 +124,30 @@ TEST(NtripSourceTable, FormatsSolutionsDistancesAndFilters) {
         EXPECT_TRUE(Matches(stream, QString::fromLatin1(filter))) << filter;
     for (const char* filter : {"lyon", "brem fra", "RTCM 2.3"})
         EXPECT_FALSE(Matches(stream, QString::fromLatin1(filter))) << filter;
+}
+
+// The table comes whole through the receiver, as it fetched it from the caster it is pointed to.
+TEST(NtripSourceTable, TheReceiverHandsOnItsCastersTable) {
+    const struct {
+        const char* host;
+        std::size_t streams, skipped;
+    } casters[] = {{"caster.example.net", 3, 0},
+                   {"large.example.net", 5000, 0},
+                   {"broken.example.net", 63, 3}};
+    pell::test::SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
+    const CVexReceiverMate mate(receiver.Receiver());
+    for (const auto& caster : casters) {
+        SCOPED_TRACE(caster.host);
+        mate.Run(pell::vexcmd::SetText(QStringLiteral("ntrip/caster/addr"),
+                                       QString::fromLatin1(caster.host)));
+        const QByteArray text =
+            mate.Run(QStringLiteral("print,ntrip/caster/table"), CVexReceiverMate::RemoveQuotes)
+                .toUtf8();
+        const SourceTable table = ParseSourceTable(std::string_view(text.data(), text.size()));
+        EXPECT_EQ(table.streams.size(), caster.streams);
+        EXPECT_EQ(table.skippedLines, caster.skipped);
+        EXPECT_TRUE(table.complete);
+    }
 }
 
 } // namespace
