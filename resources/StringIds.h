@@ -184,5 +184,19 @@ constexpr unsigned NtripSingleBase = 61800;
 constexpr unsigned NtripNetwork = 61801;
 constexpr unsigned NtripL1 = 61802;
 constexpr unsigned NtripL1L2 = 61803;
+constexpr unsigned NtripSelectMountpoint = 61804;
+constexpr unsigned NtripFilter = 61805;
+constexpr unsigned NtripColumnMountpoint = 61806;
+constexpr unsigned NtripColumnIdentifier = 61807;
+constexpr unsigned NtripColumnFormat = 61808;
+constexpr unsigned NtripColumnCarrier = 61809;
+constexpr unsigned NtripColumnSolution = 61810;
+constexpr unsigned NtripColumnSystems = 61811;
+constexpr unsigned NtripColumnCountry = 61812;
+constexpr unsigned NtripColumnDistance = 61813;
+constexpr unsigned NtripMountpointCount = 61814;
+constexpr unsigned NtripLinesSkipped = 61815;
+constexpr unsigned NtripTableIncomplete = 61816;
+constexpr unsigned NtripTableEmpty = 61817;
 
 } // namespace pell::ids

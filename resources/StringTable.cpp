@@ -206,6 +206,20 @@ constexpr StringEntry kEntries[] = {
     {61801, QT_TRANSLATE_NOOP3("PellLib", "Network", "61801")},
     {61802, QT_TRANSLATE_NOOP3("PellLib", "L1", "61802")},
     {61803, QT_TRANSLATE_NOOP3("PellLib", "L1+L2", "61803")},
+    {61804, QT_TRANSLATE_NOOP3("PellLib", "Select Mountpoint", "61804")},
+    {61805, QT_TRANSLATE_NOOP3("PellLib", "Filter:", "61805")},
+    {61806, QT_TRANSLATE_NOOP3("PellLib", "Mountpoint", "61806")},
+    {61807, QT_TRANSLATE_NOOP3("PellLib", "Identifier", "61807")},
+    {61808, QT_TRANSLATE_NOOP3("PellLib", "Format", "61808")},
+    {61809, QT_TRANSLATE_NOOP3("PellLib", "Carrier", "61809")},
+    {61810, QT_TRANSLATE_NOOP3("PellLib", "Solution", "61810")},
+    {61811, QT_TRANSLATE_NOOP3("PellLib", "Systems", "61811")},
+    {61812, QT_TRANSLATE_NOOP3("PellLib", "Country", "61812")},
+    {61813, QT_TRANSLATE_NOOP3("PellLib", "Distance, km", "61813")},
+    {61814, QT_TRANSLATE_NOOP3("PellLib", "%1 of %2 mountpoints", "61814")},
+    {61815, QT_TRANSLATE_NOOP3("PellLib", "%1 lines of the table could not be read and are left out.", "61815")},
+    {61816, QT_TRANSLATE_NOOP3("PellLib", "The table ended early: some mountpoints may be missing.", "61816")},
+    {61817, QT_TRANSLATE_NOOP3("PellLib", "The receiver has no mountpoints from its caster yet. Check the caster address and let the receiver connect once.", "61817")},
 };
 
 } // namespace

@@ -848,6 +848,76 @@
         <comment>61803</comment>
         <translation>L1+L2</translation>
     </message>
+    <message>
+        <source>Select Mountpoint</source>
+        <comment>61804</comment>
+        <translation>Mountpoint auswählen</translation>
+    </message>
+    <message>
+        <source>Filter:</source>
+        <comment>61805</comment>
+        <translation>Filter:</translation>
+    </message>
+    <message>
+        <source>Mountpoint</source>
+        <comment>61806</comment>
+        <translation>Mountpoint</translation>
+    </message>
+    <message>
+        <source>Identifier</source>
+        <comment>61807</comment>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <comment>61808</comment>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Carrier</source>
+        <comment>61809</comment>
+        <translation>Träger</translation>
+    </message>
+    <message>
+        <source>Solution</source>
+        <comment>61810</comment>
+        <translation>Lösung</translation>
+    </message>
+    <message>
+        <source>Systems</source>
+        <comment>61811</comment>
+        <translation>Systeme</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <comment>61812</comment>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Distance, km</source>
+        <comment>61813</comment>
+        <translation>Entfernung, km</translation>
+    </message>
+    <message>
+        <source>%1 of %2 mountpoints</source>
+        <comment>61814</comment>
+        <translation>%1 von %2 Mountpoints</translation>
+    </message>
+    <message>
+        <source>%1 lines of the table could not be read and are left out.</source>
+        <comment>61815</comment>
+        <translation>%1 Zeilen der Tabelle waren nicht lesbar und fehlen.</translation>
+    </message>
+    <message>
+        <source>The table ended early: some mountpoints may be missing.</source>
+        <comment>61816</comment>
+        <translation>Die Tabelle endete vorzeitig: Einige Mountpoints können fehlen.</translation>
+    </message>
+    <message>
+        <source>The receiver has no mountpoints from its caster yet. Check the caster address and let the receiver connect once.</source>
+        <comment>61817</comment>
+        <translation>Der Empfänger hat noch keine Mountpoints von seinem Caster. Prüfen Sie die Caster-Adresse und lassen Sie den Empfänger einmal verbinden.</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

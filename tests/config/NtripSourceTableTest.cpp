@@ -2,9 +2,14 @@
 
 #include "SimulatedReceiver.h"
 #include "SourceTables.h"
+#include "config/Ntrip_Client_SelectMountpointDlg.h"
+#include "lib/Common.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
 
+#include <QLineEdit>
+#include <QSortFilterProxyModel>
+#include <QTest>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -148,6 +153,39 @@ TEST(NtripSourceTable, TheReceiverHandsOnItsCastersTable) {
         EXPECT_EQ(table.skippedLines, caster.skipped);
         EXPECT_TRUE(table.complete);
     }
+}
+
+// The dialog lists the table the receiver has, narrows it as the user types, and sorts it by
+// distance once the receiver has a fix.
+TEST(NtripSourceTable, TheDialogListsFiltersAndSortsByDistance) {
+    pell::test::SimulatedReceiver receiver;
+    const CVexReceiverMate mate(receiver.Receiver());
+    mate.Run(pell::vexcmd::SetText(QStringLiteral("ntrip/caster/addr"),
+                                   QStringLiteral("large.example.net")));
+    mate.Run(QStringLiteral("em,/cur/term,nmea/GGA"));
+    CPellWindow<CNtrip_Client_SelectMountpointDlg> dialog(receiver.Receiver(),
+                                                          QStringLiteral("Turk0006"), nullptr);
+    dialog.show();
+    const QAbstractItemModel& list = dialog.List();
+    EXPECT_EQ(list.rowCount(), 5000);
+    ASSERT_TRUE(dialog.Selected());
+    EXPECT_EQ(dialog.Selected()->mountpoint, QStringLiteral("Turk0006"));
+
+    enum { Identifier = 1, Format = 2, Distance = 7 };
+    dialog.Filter().setText(QStringLiteral("bremen rtcm 3.2"));
+    EXPECT_GT(list.rowCount(), 0);
+    EXPECT_LT(list.rowCount(), 5000 / 12);
+    for (int row = 0; row < list.rowCount(); ++row) {
+        EXPECT_EQ(list.index(row, Identifier).data().toString(), QStringLiteral("Bremen"));
+        EXPECT_EQ(list.index(row, Format).data().toString(), QStringLiteral("RTCM 3.2"));
+    }
+
+    dialog.Filter().clear();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return !list.index(0, Distance).data().toString().isEmpty(); }, 5000));
+    for (int row = 1; row < 100; ++row)
+        EXPECT_LE(list.index(row - 1, Distance).data(Qt::UserRole).toDouble(),
+                  list.index(row, Distance).data(Qt::UserRole).toDouble());
 }
 
 } // namespace
