@@ -4,7 +4,6 @@
 #include "status/SatListCtrl.h"
 #include "status/SkyPlot.h"
 
-#include <QApplication>
 #include <QImage>
 #include <benchmark/benchmark.h>
 #include <cmath>
@@ -99,13 +98,3 @@ void UpdateSatelliteList(benchmark::State& state) {
 BENCHMARK(UpdateSatelliteList)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
