@@ -377,6 +377,12 @@ Answer CReceiverState::Print(const QStringList& args, SideEffects&) {
         const ParamSpec& def = *it->second.def;
         return {false, def.kind == ParamSpec::Text ? Quote(def.defaultValue) : def.defaultValue};
     }
+    if (t.attribute == QLatin1String("reset")) {
+        const auto it = m_params.find(t.path);
+        if (it == m_params.end())
+            return ErrorAnswer(1, QStringLiteral("unknown path"));
+        return {false, it->second.def->needsReset ? QStringLiteral("y") : QStringLiteral("n")};
+    }
     if (t.attribute == QLatin1String("size"))
         return {false, QString::number(Children(t.path).size())};
     if (t.attribute.startsWith(QLatin1Char('['))) {

@@ -32,6 +32,9 @@ TEST_F(ReceiverStateTest, VerbsAndTheirErrors) {
         {"print,pos/elm", false, "10"}, // profile value
         {"print,alm", false, "{}"},     // no almanacs given
         {"print,par/pos/elm&def", false, "5"},
+        {"print,pos/elm&reset", false, "n"},
+        {"print,dev/ser/b/rate&reset", false, "y"},
+        {"print,dev/ser&reset", true, "{1,,unknown path}"},
         {"set,pos/elm,-15", false, ""},
         {"print,pos/elm", false, "-15"},
         {"set,pos/elm,91", true, "{2,,value out of range}"},
