@@ -72,7 +72,7 @@ void FilterKeystroke(benchmark::State& state) {
     Link link;
     Dialog dialog(link.connection, QString(), nullptr);
     dialog.show();
-    const QString typed = QStringLiteral("bremen rtcm 3.2");
+    const QString typed = QStringLiteral("penang rtcm 3.2");
     qsizetype length = 0;
     for (auto _ : state) {
         length = length % typed.size() + 1;

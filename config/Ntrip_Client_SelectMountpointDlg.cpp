@@ -2,6 +2,7 @@
 
 #include "lib/Common.h"
 #include "lib/PellLib.h"
+#include "receiver/LiveData.h"
 #include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
 #include "rxio/Listeners.h"
@@ -28,23 +29,24 @@ QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
 
+// The distance early: on a field controller's narrow screen it is what decides.
 enum EColumn {
     Mountpoint,
     Identifier,
+    Distance,
     Format,
     Carrier,
     Solution,
-    Systems,
     Country,
-    Distance,
+    Systems,
     ColumnCount
 };
 
 constexpr unsigned kHeadings[ColumnCount] = {
     pell::ids::NtripColumnMountpoint, pell::ids::NtripColumnIdentifier,
-    pell::ids::NtripColumnFormat,     pell::ids::NtripColumnCarrier,
-    pell::ids::NtripColumnSolution,   pell::ids::NtripColumnSystems,
-    pell::ids::NtripColumnCountry,    pell::ids::NtripColumnDistance,
+    pell::ids::NtripColumnDistance,   pell::ids::NtripColumnFormat,
+    pell::ids::NtripColumnCarrier,    pell::ids::NtripColumnSolution,
+    pell::ids::NtripColumnCountry,    pell::ids::NtripColumnSystems,
 };
 
 constexpr int kSortRole = Qt::UserRole;
@@ -233,8 +235,12 @@ CNtrip_Client_SelectMountpointDlg::CNtrip_Client_SelectMountpointDlg(
         const bool first = !m_model->HasObserver();
         m_model->SetObserver(latitude, longitude);
         // Nearest first, unless the user has chosen an order of their own.
-        if (first && !m_userSorted)
+        if (first && !m_userSorted) {
             m_view->sortByColumn(Distance, Qt::AscendingOrder);
+            if (const QModelIndexList rows = m_view->selectionModel()->selectedRows();
+                !rows.empty())
+                m_view->scrollTo(rows.front());
+        }
     };
 }
 
@@ -264,6 +270,7 @@ void CNtrip_Client_SelectMountpointDlg::OnInitDialog() {
     UpdateCount();
     SelectMountpoint(m_current);
     GetReceiver()->RegisterPositionListener(m_observer);
+    m_feed = std::make_unique<pell::CPositionFeed>(GetReceiver());
     m_filter->setFocus();
 }
 

@@ -13,6 +13,9 @@ class QSortFilterProxyModel;
 class QTreeView;
 class CSourceTableModel;
 class CObserverListener;
+namespace pell {
+class CPositionFeed;
+}
 
 // Chooses a mount point from the source table the receiver fetched from its caster
 // ("ntrip/caster/table"): every stream in a list that sorts by any column and narrows to what the
@@ -47,4 +50,5 @@ private:
     QLabel* m_remark;
     bool m_userSorted = false;
     std::shared_ptr<CObserverListener> m_observer;
+    std::unique_ptr<pell::CPositionFeed> m_feed;
 };

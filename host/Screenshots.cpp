@@ -4,6 +4,8 @@
 #include "MainWindow.h"
 #include "Model.h"
 #include "Simulator.h"
+#include "config/NtripPS.h"
+#include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PPSEventFrqPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsExport_SelectParametersPP.h"
@@ -11,6 +13,8 @@
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "config/ReceiverSettingsImport_SelectParametersPP.h"
 #include "config/SettingsFile.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
 #include "status/ReceiverStatusPS.h"
 #include "status/StatusSatPlotPP.h"
 
@@ -109,6 +113,37 @@ void SaveTimingSheet(Shooter& shooter, MainWindow& window) {
             sheet.GetPage(i)->GetTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
         shooter.SaveBothSizes(sheet, QStringLiteral("timing-") + title);
     }
+    sheet.close();
+}
+
+// The NTRIP sheet of a client set up for a large caster, and its mount point list once the
+// receiver has a fix.
+void SaveNtripSheet(Shooter& shooter, MainWindow& window) {
+    const CVexReceiverMate mate(window.Receiver());
+    using pell::vexcmd::SetText;
+    mate.Run(QStringLiteral("set,ntrip/mode,client;set,dev/ntrip/a/imode,rtcm3;") +
+             SetText(QStringLiteral("ntrip/caster/addr"), QStringLiteral("large.example.net")) +
+             QLatin1Char(';') +
+             SetText(QStringLiteral("ntrip/caster/mountpt"), QStringLiteral("Joho0013")) +
+             QLatin1Char(';') +
+             SetText(QStringLiteral("ntrip/caster/user"), QStringLiteral("surveyor")) +
+             QLatin1Char(';') +
+             SetText(QStringLiteral("ntrip/caster/passwd"), QStringLiteral("s3cret")));
+    CPellWindow<CNtripPS> sheet(window.Receiver(), &window);
+    sheet.resize(kDesktop);
+    sheet.show();
+    for (int i = 0; i < sheet.GetPageCount(); ++i) {
+        sheet.SetActivePage(i);
+        const QString title =
+            sheet.GetPage(i)->GetTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+        shooter.SaveBothSizes(sheet, QStringLiteral("ntrip-") + title);
+    }
+    CPellWindow<CNtrip_Client_SelectMountpointDlg> select(window.Receiver(),
+                                                          QStringLiteral("Joho0013"), &sheet);
+    select.show();
+    Settle(1500);
+    shooter.SaveBothSizes(select, QStringLiteral("ntrip-select-mountpoint"));
+    select.close();
     sheet.close();
 }
 
@@ -258,6 +293,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     SaveStatusSheet(shooter, simulator, window);
     SaveSettingsWizards(shooter, window, dir);
     SaveTimingSheet(shooter, window);
+    SaveNtripSheet(shooter, window);
     if (served)
         served->abort();
     Settle();

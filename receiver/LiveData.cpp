@@ -1,5 +1,9 @@
 #include "receiver/LiveData.h"
 
+#include "lib/Exceptions.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
+
 #include <QStringList>
 
 namespace pell {
@@ -15,6 +19,8 @@ QString ForEverySet(const QString& verb) {
         parts << verb + QStringLiteral(",/cur/term,") + QLatin1String(set);
     return parts.join(QLatin1Char(';'));
 }
+
+constexpr char kPositionSet[] = "nmea/GGA";
 
 } // namespace
 
@@ -32,6 +38,25 @@ bool StartLiveData(rxio::IReceiver& receiver) {
 
 bool StopLiveData(rxio::IReceiver& receiver) {
     return receiver.Post(LiveDataStopLine());
+}
+
+CPositionFeed::CPositionFeed(std::shared_ptr<rxio::IReceiver> receiver)
+    : m_receiver(std::move(receiver)) {
+    try {
+        const QString sent =
+            CVexReceiverMate(m_receiver).Run(vexcmd::Print(QStringLiteral("/cur/term/msgs")));
+        if (CVexReceiverMate::SplitList(CVexReceiverMate::StripBraces(sent))
+                .contains(QLatin1String(kPositionSet)))
+            return;
+    } catch (const ulm_std::CException&) {
+        // A receiver that does not say what its port sends is asked anyway.
+    }
+    m_started = m_receiver->Post(QStringLiteral("em,/cur/term,") + QLatin1String(kPositionSet));
+}
+
+CPositionFeed::~CPositionFeed() {
+    if (m_started)
+        m_receiver->Post(QStringLiteral("dm,/cur/term,") + QLatin1String(kPositionSet));
 }
 
 } // namespace pell

@@ -199,4 +199,27 @@ constexpr unsigned NtripLinesSkipped = 61815;
 constexpr unsigned NtripTableIncomplete = 61816;
 constexpr unsigned NtripTableEmpty = 61817;
 
+// Password fields.
+constexpr unsigned PasswordShow = 61818;
+constexpr unsigned PasswordHide = 61819;
+
+// NTRIP sheet.
+constexpr unsigned NtripSheet = 61820;
+constexpr unsigned NtripClientPage = 61821;
+constexpr unsigned NtripFunction = 61822;
+constexpr unsigned NtripDataPort = 61823;
+constexpr unsigned NtripCaster = 61824;
+constexpr unsigned NtripAddress = 61825;
+constexpr unsigned NtripPort = 61826;
+constexpr unsigned NtripMountpoint = 61827;
+constexpr unsigned NtripSelect = 61828;
+constexpr unsigned NtripUser = 61829;
+constexpr unsigned NtripPassword = 61830;
+constexpr unsigned NtripInputMode = 61831;
+constexpr unsigned NtripStateGroup = 61832;
+constexpr unsigned NtripProxyServer = 61833;
+constexpr unsigned NtripLastError = 61834;
+constexpr unsigned NtripAddressLine = 61835;
+constexpr unsigned NtripNotSet = 61836;
+
 } // namespace pell::ids

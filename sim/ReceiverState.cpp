@@ -494,18 +494,35 @@ Answer CReceiverState::Set(const QStringList& args, SideEffects&) {
     if (!accepted)
         return ErrorAnswer(2, QStringLiteral("value out of range"));
     it->second.value = *accepted;
-    if (path == QLatin1String("ntrip/caster/addr"))
-        FetchSourceTable(*accepted);
+    if (path.startsWith(QLatin1String("ntrip/")))
+        UpdateNtripClient();
     return {};
 }
 
-void CReceiverState::FetchSourceTable(const QString& host) {
-    const auto table = m_params.find(QStringLiteral("ntrip/caster/table"));
-    if (table == m_params.end())
+void CReceiverState::UpdateNtripClient() {
+    const auto value = [this](const char* path) -> QString* {
+        const auto it = m_params.find(QLatin1String(path));
+        return it == m_params.end() ? nullptr : &it->second.value;
+    };
+    QString* table = value("ntrip/caster/table");
+    QString* state = value("ntrip/state");
+    QString* error = value("ntrip/error");
+    const QString* mode = value("ntrip/mode");
+    const QString* host = value("ntrip/caster/addr");
+    const QString* mountpoint = value("ntrip/caster/mountpt");
+    if (!table || !state || !error || !mode || !host || !mountpoint)
         return;
-    const auto served = CasterSourceTable(host.toStdString());
-    table->second.value =
-        served ? QString::fromStdString(*served) : table->second.def->defaultValue;
+    const auto served = CasterSourceTable(host->toStdString());
+    *table = served ? QString::fromStdString(*served)
+                    : m_params.at(QStringLiteral("ntrip/caster/table")).def->defaultValue;
+    // A client with a caster and a mount point gets its corrections; one without cannot connect.
+    *error = *mode != QLatin1String("client") ? QString()
+             : host->isEmpty()                ? QStringLiteral("no caster address")
+             : mountpoint->isEmpty()          ? QStringLiteral("no mount point")
+                                              : QString();
+    *state = *mode != QLatin1String("client") ? QStringLiteral("off")
+             : error->isEmpty()               ? QStringLiteral("data")
+                                              : QStringLiteral("sleep");
 }
 
 Answer CReceiverState::List(const QStringList& args, SideEffects&) {

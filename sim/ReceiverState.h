@@ -79,8 +79,9 @@ private:
 
     Answer RunOne(const QString& command, SideEffects& effects);
     void AddParam(const ParamSpec& def, const QString& path);
-    // The receiver fetches the source table of the caster it is pointed to.
-    void FetchSourceTable(const QString& host);
+    // The NTRIP client follows its settings: it fetches the source table of the caster it is
+    // pointed to, and gets corrections once it has a caster and a mount point.
+    void UpdateNtripClient();
     bool Exists(const QString& path) const;
     // The printed subtree at `path`: a value, or a record {name=...} of its children.
     QString Subtree(const QString& path) const;

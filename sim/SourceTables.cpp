@@ -13,19 +13,20 @@ struct Town {
     double longitude;
 };
 
+// Around the simulated receiver's default site, so that distances look as a user's would.
 constexpr std::array<Town, 12> kTowns = {{
-    {"Bremen", "DEU", 53.08, 8.80},
-    {"Lyon", "FRA", 45.76, 4.84},
-    {"Graz", "AUT", 47.07, 15.44},
-    {"Delft", "NLD", 52.01, 4.36},
-    {"Aarhus", "DNK", 56.16, 10.20},
-    {"Porto", "PRT", 41.15, -8.61},
-    {"Turku", "FIN", 60.45, 22.27},
-    {"Brno", "CZE", 49.20, 16.61},
-    {"Cork", "IRL", 51.90, -8.47},
-    {"Bergen", "NOR", 60.39, 5.32},
-    {"Verona", "ITA", 45.44, 10.99},
-    {"Gdansk", "POL", 54.35, 18.65},
+    {"Singapore", "SGP", 1.35, 103.82},
+    {"Johor Bahru", "MYS", 1.49, 103.74},
+    {"Kuala Lumpur", "MYS", 3.14, 101.69},
+    {"Malacca", "MYS", 2.19, 102.25},
+    {"Batam", "IDN", 1.13, 104.05},
+    {"Pekanbaru", "IDN", 0.51, 101.45},
+    {"Ipoh", "MYS", 4.60, 101.08},
+    {"Penang", "MYS", 5.41, 100.33},
+    {"Jakarta", "IDN", -6.20, 106.85},
+    {"Palembang", "IDN", -2.99, 104.76},
+    {"Kuantan", "MYS", 3.82, 103.33},
+    {"Pontianak", "IDN", -0.03, 109.34},
 }};
 
 struct Format {
@@ -60,8 +61,9 @@ std::string MakeSourceTable(std::size_t streams, bool malformed) {
         const Format& format = kFormats[i / kTowns.size() % kFormats.size()];
         const bool network = i % 7 == 3;
         // Stations spread around their town, a few kilometres apart.
-        const double north = town.latitude + double(i / kTowns.size() % 40) * 0.05 - 1.0;
-        const double east = town.longitude + double(i / kTowns.size() / 40 % 40) * 0.07 - 1.4;
+        const std::size_t station = i / kTowns.size();
+        const double north = town.latitude + (double(station % 21) - 10) * 0.05;
+        const double east = town.longitude + (double(station / 21 % 21) - 10) * 0.05;
         table +=
             Line("STR;%.4s%04zu%s;%s;%s;%s;%d;GPS+GLO+GAL+BDS;PELLNET;%s;%.2f;%.2f;%d;%d;"
                  "GNSS Receiver;none;B;N;%d;%s",

@@ -918,6 +918,101 @@
         <comment>61817</comment>
         <translation>Der Empfänger hat noch keine Mountpoints von seinem Caster. Prüfen Sie die Caster-Adresse und lassen Sie den Empfänger einmal verbinden.</translation>
     </message>
+    <message>
+        <source>Show password</source>
+        <comment>61818</comment>
+        <translation>Passwort anzeigen</translation>
+    </message>
+    <message>
+        <source>Hide password</source>
+        <comment>61819</comment>
+        <translation>Passwort verbergen</translation>
+    </message>
+    <message>
+        <source>NTRIP</source>
+        <comment>61820</comment>
+        <translation>NTRIP</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <comment>61821</comment>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Function:</source>
+        <comment>61822</comment>
+        <translation>Funktion:</translation>
+    </message>
+    <message>
+        <source>Data Port:</source>
+        <comment>61823</comment>
+        <translation>Datenport:</translation>
+    </message>
+    <message>
+        <source>Caster</source>
+        <comment>61824</comment>
+        <translation>Caster</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <comment>61825</comment>
+        <translation>Adresse:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <comment>61826</comment>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Mountpoint:</source>
+        <comment>61827</comment>
+        <translation>Mountpoint:</translation>
+    </message>
+    <message>
+        <source>Select…</source>
+        <comment>61828</comment>
+        <translation>Auswählen…</translation>
+    </message>
+    <message>
+        <source>User:</source>
+        <comment>61829</comment>
+        <translation>Benutzer:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <comment>61830</comment>
+        <translation>Passwort:</translation>
+    </message>
+    <message>
+        <source>Input Mode:</source>
+        <comment>61831</comment>
+        <translation>Eingabemodus:</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <comment>61832</comment>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Proxy Server</source>
+        <comment>61833</comment>
+        <translation>Proxyserver</translation>
+    </message>
+    <message>
+        <source>Last Error:</source>
+        <comment>61834</comment>
+        <translation>Letzter Fehler:</translation>
+    </message>
+    <message>
+        <source>%1 : %2</source>
+        <comment>61835</comment>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>Not set</source>
+        <comment>61836</comment>
+        <translation>Nicht gesetzt</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

@@ -162,21 +162,20 @@ TEST(NtripSourceTable, TheDialogListsFiltersAndSortsByDistance) {
     const CVexReceiverMate mate(receiver.Receiver());
     mate.Run(pell::vexcmd::SetText(QStringLiteral("ntrip/caster/addr"),
                                    QStringLiteral("large.example.net")));
-    mate.Run(QStringLiteral("em,/cur/term,nmea/GGA"));
     CPellWindow<CNtrip_Client_SelectMountpointDlg> dialog(receiver.Receiver(),
-                                                          QStringLiteral("Turk0006"), nullptr);
+                                                          QStringLiteral("Ipoh0006"), nullptr);
     dialog.show();
     const QAbstractItemModel& list = dialog.List();
     EXPECT_EQ(list.rowCount(), 5000);
     ASSERT_TRUE(dialog.Selected());
-    EXPECT_EQ(dialog.Selected()->mountpoint, QStringLiteral("Turk0006"));
+    EXPECT_EQ(dialog.Selected()->mountpoint, QStringLiteral("Ipoh0006"));
 
-    enum { Identifier = 1, Format = 2, Distance = 7 };
-    dialog.Filter().setText(QStringLiteral("bremen rtcm 3.2"));
+    enum { Identifier = 1, Distance = 2, Format = 3 };
+    dialog.Filter().setText(QStringLiteral("penang rtcm 3.2"));
     EXPECT_GT(list.rowCount(), 0);
     EXPECT_LT(list.rowCount(), 5000 / 12);
     for (int row = 0; row < list.rowCount(); ++row) {
-        EXPECT_EQ(list.index(row, Identifier).data().toString(), QStringLiteral("Bremen"));
+        EXPECT_EQ(list.index(row, Identifier).data().toString(), QStringLiteral("Penang"));
         EXPECT_EQ(list.index(row, Format).data().toString(), QStringLiteral("RTCM 3.2"));
     }
 
