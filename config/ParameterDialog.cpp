@@ -23,6 +23,7 @@ CParameterDialog::CParameterDialog(std::shared_ptr<rxio::IReceiver> receiver,
 
 void CParameterDialog::OnInitDialog() {
     CPellDialog::OnInitDialog();
+    m_body->AlignForms();
     m_body->Refresh();
 }
 

@@ -134,7 +134,22 @@ QDoubleSpinBox* CParameterPage::RealBox(double minimum, double maximum, int deci
 
 void CParameterPage::OnInitDialog() {
     CPellPropertyPage::OnInitDialog();
+    AlignForms();
     Refresh();
+}
+
+void CParameterPage::AlignForms() {
+    std::vector<QWidget*> labels;
+    int width = 0;
+    for (QFormLayout* form : findChildren<QFormLayout*>())
+        for (int row = 0; row < form->rowCount(); ++row)
+            if (QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole);
+                item && item->widget()) {
+                labels.push_back(item->widget());
+                width = std::max(width, item->widget()->sizeHint().width());
+            }
+    for (QWidget* label : labels)
+        label->setMinimumWidth(width);
 }
 
 void CParameterPage::Refresh() {

@@ -98,6 +98,8 @@ private:
     };
 
     void Add(Binding binding);
+    // The labels of all the page's forms as wide as the widest, so fields line up across groups.
+    void AlignForms();
     // Shows a reply; false when the control cannot show it exactly.
     bool Show(Binding& binding, const QString& reply);
     // The bindings whose control differs from what the receiver holds.

@@ -38,6 +38,14 @@ QCheckBox* CheckBox(unsigned textId) {
     return new QCheckBox(String(textId));
 }
 
+// A choice that a group's title names, at its own width above the group's rows.
+QHBoxLayout* Alone(QWidget* control) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(control);
+    row->addStretch();
+    return row;
+}
+
 // A button that opens a page's dialog, right-aligned under the page's groups.
 void AddDialogButton(QVBoxLayout* page, QPushButton* button) {
     auto* row = new QHBoxLayout;
@@ -152,14 +160,14 @@ CTrackingPositioning_RTKPP::CTrackingPositioning_RTKPP(std::shared_ptr<rxio::IRe
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* mode = GroupForm(ids::TrackingRtkMode, page);
-    mode->addRow(m_mode);
+    mode->addRow(Alone(m_mode));
     mode->addRow(String(ids::TrackingExtrapolationTime), m_extrapolation);
     mode->addRow(String(ids::TrackingCorrectionsPeriod), period);
     QFormLayout* motion = GroupForm(ids::TrackingDynamics, page);
-    motion->addRow(dynamics);
+    motion->addRow(Alone(dynamics));
     motion->addRow(String(ids::TrackingAcceleration), acceleration);
     QFormLayout* solution = GroupForm(ids::TrackingAmbiguityFixing, page);
-    solution->addRow(fixing);
+    solution->addRow(Alone(fixing));
     solution->addRow(String(ids::TrackingIonosphericResidual), ionosphere);
     page->addStretch();
     AddDialogButton(page, advanced);
@@ -197,9 +205,9 @@ CTrackingPositioning_AdvancedRTKDlg::CTrackingPositioning_AdvancedRTKDlg(
       m_vrs(new QComboBox), m_ifBaseline(Body().RealBox(0, 100000, 1)),
       m_weighting(CheckBox(ids::TrackingWeightResiduals)), m_maxResidual(Body().SpinBox(1, 10000)) {
     auto* page = new QVBoxLayout(&Body());
-    CParameterPage::Form(CParameterPage::Group(String(ids::TrackingVrsMode), page))->addRow(m_vrs);
     QFormLayout* residuals = CParameterPage::Form(nullptr);
     page->addLayout(residuals);
+    residuals->addRow(String(ids::TrackingVrsMode) + QLatin1Char(':'), m_vrs);
     residuals->addRow(String(ids::TrackingIfBaseline), m_ifBaseline);
     residuals->addRow(m_weighting);
     residuals->addRow(String(ids::TrackingMaxResidual), m_maxResidual);
@@ -233,8 +241,7 @@ CTrackingPositioning_OrcaPP::CTrackingPositioning_OrcaPP(std::shared_ptr<rxio::I
     auto* distance = new QLabel;
 
     auto* page = new QVBoxLayout(this);
-    QFormLayout* heading = Form(nullptr);
-    page->addLayout(heading);
+    QFormLayout* heading = GroupForm(ids::TrackingOrcaPage, page);
     heading->addRow(String(ids::TrackingHeadingMode), mode);
     heading->addRow(String(ids::TrackingAzimuthFilter), filter);
     heading->addRow(String(ids::TrackingAzimuthRms), rms);
@@ -262,8 +269,7 @@ CTrackingPositioning_KestrelPP::CTrackingPositioning_KestrelPP(
     advanced->setObjectName(QStringLiteral("advancedButton"));
 
     auto* page = new QVBoxLayout(this);
-    QFormLayout* form = Form(nullptr);
-    page->addLayout(form);
+    QFormLayout* form = GroupForm(ids::TrackingOrcaPage, page);
     form->addRow(heading);
     form->addRow(String(ids::TrackingBaselineLength), length);
     form->addRow(secondFrequency);
@@ -298,7 +304,7 @@ CTrackingPositioning_AdvancedKestrelDlg::CTrackingPositioning_AdvancedKestrelDlg
     auto* headingOnly = CheckBox(ids::TrackingHeadingOnly);
 
     auto* page = new QVBoxLayout(&body);
-    GroupForm(ids::TrackingInitialAngles, page)->addRow(initial);
+    GroupForm(ids::TrackingInitialAngles, page)->addRow(Alone(initial));
     QFormLayout* shifts = GroupForm(ids::TrackingShifts, page);
     shifts->addRow(String(ids::TrackingHeadingShift), headingShift);
     shifts->addRow(String(ids::TrackingInclinationShift), inclinationShift);
