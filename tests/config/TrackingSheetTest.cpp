@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace {
 
@@ -110,6 +111,32 @@ TEST(TrackingSheetTest, EachControlWritesOneCommandOfItsKind) {
     again.show();
     EXPECT_EQ(Page(again, 3).findChild<QLineEdit*>()->text(), QStringLiteral("PELLPD7_EXTX"));
     EXPECT_EQ(Page(again, 6).findChild<QDoubleSpinBox*>()->value(), 2.25);
+}
+
+// The sheet's masks hold every parameter its pages write: Cancel puts them all back.
+TEST(TrackingSheetTest, CancelPutsBackEverythingThePagesWrite) {
+    SimulatedReceiver receiver(QStringLiteral("pardo7"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    QStringList commands;
+    for (int index = 0; index < sheet.GetPageCount(); ++index) {
+        CParameterPage& page = Page(sheet, index);
+        for (QWidget* control : page.findChildren<QWidget*>())
+            if (control->isVisible() && control->isEnabled())
+                Change(control);
+        commands << page.PendingCommands();
+    }
+    ASSERT_GE(commands.size(), 30);
+    std::map<QString, QString> before;
+    for (const QString& command : commands)
+        before[command.section(QLatin1Char(','), 1, 1)] = {};
+    for (auto& [path, value] : before)
+        value = receiver.Value(path);
+    sheet.BeforeWriting();
+    CVexReceiverMate(receiver.Receiver()).Run(commands.join(QLatin1Char(';')));
+    Click(sheet, "cancelButton");
+    for (const auto& [path, value] : before)
+        EXPECT_EQ(receiver.Value(path), value) << path.toStdString();
 }
 
 // A dialog's OK writes at once and marks its page, so Apply keeps the values and Cancel puts
