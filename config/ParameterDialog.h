@@ -21,7 +21,7 @@ public:
                      QWidget* parent = nullptr);
 
     CParameterPage& Body() { return *m_body; }
-    // OK wrote at least one value.
+    // OK sent at least one value (perhaps refused).
     bool Wrote() const { return m_wrote; }
 
     void accept() override;
