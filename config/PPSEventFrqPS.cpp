@@ -25,28 +25,6 @@ QString PageTitle(unsigned nameId, char channel) {
     return String(pell::ids::TimingPageTitle).arg(String(nameId), QChar::fromLatin1(channel));
 }
 
-QFormLayout* Form(QWidget* parent) {
-    auto* form = new QFormLayout(parent);
-    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    form->setLabelAlignment(Qt::AlignLeft);
-    return form;
-}
-
-QSpinBox* SpinBox(int minimum, int maximum) {
-    auto* box = new QSpinBox;
-    box->setRange(minimum, maximum);
-    box->setGroupSeparatorShown(true);
-    box->setAlignment(Qt::AlignRight);
-    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("-1.000.000.000")));
-    return box;
-}
-
-QGroupBox* Group(unsigned titleId, QVBoxLayout* page) {
-    auto* group = new QGroupBox(String(titleId));
-    page->addWidget(group);
-    return group;
-}
-
 } // namespace
 
 QString CPPSEventFrqPS::ChannelPath(const char* pathTemplate, char channel) {
@@ -71,13 +49,13 @@ CPPS_PP::CPPS_PP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWidge
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* pulse = Form(Group(pell::ids::TimingPulse, page));
+    QFormLayout* pulse = Form(Group(String(pell::ids::TimingPulse), page));
     pulse->addRow(String(pell::ids::TimingPeriodMs), period);
     pulse->addRow(String(pell::ids::TimingOffsetMs), offsetMs);
     pulse->addRow(String(pell::ids::TimingOffsetNs), offsetNs);
     pulse->addRow(m_marked);
     pulse->addRow(String(pell::ids::TimingPeriodMs), m_markedPeriod);
-    QFormLayout* reference = Form(Group(pell::ids::TimingReference, page));
+    QFormLayout* reference = Form(Group(String(pell::ids::TimingReference), page));
     reference->addRow(String(pell::ids::TimingEdge), edge);
     reference->addRow(String(pell::ids::TimingRefTime), time);
     reference->addRow(tied);
@@ -124,7 +102,7 @@ CEventPP::CEventPP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWid
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* reference = Form(Group(pell::ids::TimingReference, page));
+    QFormLayout* reference = Form(Group(String(pell::ids::TimingReference), page));
     reference->addRow(String(pell::ids::TimingEdge), edge);
     reference->addRow(String(pell::ids::TimingRefTime), time);
     reference->addRow(tied);
@@ -149,12 +127,12 @@ CFrqPP::CFrqPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     auto* reduction = new QComboBox;
 
     auto* page = new QVBoxLayout(this);
-    QFormLayout* source = Form(Group(pell::ids::FrequencyParameters, page));
+    QFormLayout* source = Form(Group(String(pell::ids::FrequencyParameters), page));
     source->addRow(String(pell::ids::FrequencySource), input);
     source->addRow(String(pell::ids::FrequencyMHz), frequency);
     source->addRow(String(pell::ids::FrequencyStatus), status);
     source->addRow(String(pell::ids::FrequencyAmplitude), amplitude);
-    QFormLayout* oscillator = Form(Group(pell::ids::FrequencySourceGroup, page));
+    QFormLayout* oscillator = Form(Group(String(pell::ids::FrequencySourceGroup), page));
     oscillator->addRow(String(pell::ids::FrequencyOffsetReduction) + QLatin1Char(':'), reduction);
     page->addStretch();
 

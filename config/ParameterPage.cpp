@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -25,6 +26,14 @@ bool IsUnknownPath(const QString& reply) {
 QString DisplayName(const rxio::vex::EnumTable& table, const QString& word) {
     const int value = table.Parse(word, -1);
     return value < 0 ? word : ulm_std::CTranslatorInstance::Ref().XlateEx(table.Name(value));
+}
+
+// Wide enough for the longer end of the range, the arrows and a margin.
+void FitWidth(QAbstractSpinBox* box, const QString& minimum, const QString& maximum) {
+    const QFontMetrics metrics = box->fontMetrics();
+    box->setMinimumWidth(
+        std::max(metrics.horizontalAdvance(minimum), metrics.horizontalAdvance(maximum)) +
+        metrics.horizontalAdvance(QStringLiteral("00000")));
 }
 
 } // namespace
@@ -90,9 +99,57 @@ void CParameterPage::BindShown(QLabel* label, const QString& path,
     Add({label, path, Shown, table});
 }
 
+QFormLayout* CParameterPage::Form(QWidget* parent) {
+    auto* form = new QFormLayout(parent);
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    form->setLabelAlignment(Qt::AlignLeft);
+    return form;
+}
+
+QGroupBox* CParameterPage::Group(const QString& title, QBoxLayout* into) {
+    auto* group = new QGroupBox(title);
+    into->addWidget(group);
+    return group;
+}
+
+QSpinBox* CParameterPage::SpinBox(int minimum, int maximum) {
+    auto* box = new QSpinBox;
+    box->setRange(minimum, maximum);
+    box->setGroupSeparatorShown(true);
+    box->setAlignment(Qt::AlignRight);
+    FitWidth(box, box->locale().toString(minimum), box->locale().toString(maximum));
+    return box;
+}
+
+QDoubleSpinBox* CParameterPage::RealBox(double minimum, double maximum, int decimals) {
+    auto* box = new QDoubleSpinBox;
+    box->setDecimals(decimals);
+    box->setRange(minimum, maximum);
+    box->setGroupSeparatorShown(true);
+    box->setAlignment(Qt::AlignRight);
+    FitWidth(box, box->locale().toString(minimum, 'f', decimals),
+             box->locale().toString(maximum, 'f', decimals));
+    return box;
+}
+
 void CParameterPage::OnInitDialog() {
     CPellPropertyPage::OnInitDialog();
+    AlignForms();
     Refresh();
+}
+
+void CParameterPage::AlignForms() {
+    std::vector<QWidget*> labels;
+    int width = 0;
+    for (QFormLayout* form : findChildren<QFormLayout*>())
+        for (int row = 0; row < form->rowCount(); ++row)
+            if (QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole);
+                item && item->widget()) {
+                labels.push_back(item->widget());
+                width = std::max(width, item->widget()->sizeHint().width());
+            }
+    for (QWidget* label : labels)
+        label->setMinimumWidth(width);
 }
 
 void CParameterPage::Refresh() {
@@ -232,7 +289,15 @@ QStringList CParameterPage::PendingCommands() {
 }
 
 bool CParameterPage::SheetClosing() const {
-    return GetSheet() && GetSheet()->ClosingResult() != 0;
+    const auto* closing = qobject_cast<const CDialogBase*>(window());
+    return closing && closing->ClosingResult() != 0;
+}
+
+CParameterSheet* CParameterPage::Recorder() const {
+    for (QWidget* above = parentWidget(); above; above = above->parentWidget())
+        if (auto* sheet = qobject_cast<CParameterSheet*>(above))
+            return sheet;
+    return nullptr;
 }
 
 bool CParameterPage::OnApply() {
@@ -250,7 +315,7 @@ bool CParameterPage::OnApply() {
     }
     if (commands.empty())
         return true;
-    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+    if (CParameterSheet* sheet = Recorder())
         sheet->BeforeWriting();
     const CVexReceiverMate mate(GetReceiver());
     for (auto& [binding, command] : commands) {
@@ -272,13 +337,13 @@ bool CParameterPage::OnApply() {
 }
 
 void CParameterPage::OnConnectionLost() {
-    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+    if (CParameterSheet* sheet = Recorder())
         sheet->ForgetRecord();
     CPellPropertyPage::OnConnectionLost();
 }
 
 void CParameterPage::OnReceiverGone() {
-    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+    if (CParameterSheet* sheet = Recorder())
         sheet->ForgetRecord();
     CPellPropertyPage::OnReceiverGone();
 }

@@ -8,12 +8,16 @@
 #include <QStringList>
 #include <vector>
 
+class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
+class QFormLayout;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
+class CParameterSheet;
 
 // A configuration page as a table: each control bound to one receiver parameter and the kind of
 // its value. The page reads every parameter with "print" when it is first shown (or refreshed),
@@ -51,6 +55,14 @@ public:
     // A value shown in a label, by its display name when the enumeration is given.
     void BindShown(QLabel* label, const QString& path, const rxio::vex::EnumTable* table = nullptr);
 
+    // The pieces pages and dialogs are laid out with, so that they all look alike: a form whose
+    // labels line up on the left and whose fields keep their size, a titled group added to
+    // `into`, and number boxes wide enough for their range.
+    static QFormLayout* Form(QWidget* parent);
+    static QGroupBox* Group(const QString& title, QBoxLayout* into);
+    static QSpinBox* SpinBox(int minimum, int maximum);
+    static QDoubleSpinBox* RealBox(double minimum, double maximum, int decimals);
+
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
     // The commands Apply would send now, in the table's order.
@@ -65,6 +77,9 @@ protected:
     virtual void OnValuesRead();
 
 private:
+    // A dialog holds its table in a page of its own and applies it on OK.
+    friend class CParameterDialog;
+
     struct Binding {
         Binding(QWidget* boundControl, QString boundPath, EKind boundKind,
                 const rxio::vex::EnumTable* words = nullptr, QString onWord = {},
@@ -83,12 +98,17 @@ private:
     };
 
     void Add(Binding binding);
+    // The labels of all the page's forms as wide as the widest, so fields line up across groups.
+    void AlignForms();
     // Shows a reply; false when the control cannot show it exactly.
     bool Show(Binding& binding, const QString& reply);
     // The bindings whose control differs from what the receiver holds.
     std::vector<Binding*> Changed();
-    // The sheet is closing under a command of this page (a receiver's notice).
+    // The window is closing under a command of this page (a receiver's notice).
     bool SheetClosing() const;
+    // The sheet that records the receiver before the first write: the page's own, or for a
+    // dialog's table the sheet of the page that opened the dialog. Null for a dialog alone.
+    CParameterSheet* Recorder() const;
     // The control's value in the receiver's form, as "set" would write it.
     QString Current(const Binding& binding) const;
     QString Command(const Binding& binding) const;

@@ -7,6 +7,7 @@
 #include "config/PPSEventFrqPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
+#include "config/TrackingPositioningPS.h"
 #include "lib/PellLibDoc.h"
 #include "status/ReceiverStatusPS.h"
 
@@ -117,6 +118,8 @@ void MainWindow::BuildMenus() {
     receiver->addSeparator();
     m_timingSignals =
         receiver->addAction(tr("&Timing Signals…"), this, &MainWindow::ShowTimingSignals);
+    m_trackingPositioning = receiver->addAction(tr("Tracking and &Positioning…"), this,
+                                                &MainWindow::ShowTrackingPositioning);
     m_ntrip = receiver->addAction(tr("&NTRIP…"), this, &MainWindow::ShowNtrip);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
@@ -291,8 +294,8 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
-    for (QAction* action :
-         {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals, m_ntrip})
+    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
+                            m_trackingPositioning, m_ntrip})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -331,6 +334,11 @@ void MainWindow::ImportSettings() {
 void MainWindow::ShowTimingSignals() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_PPSEventFrqPS(std::move(receiver), this);
+}
+
+void MainWindow::ShowTrackingPositioning() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_TrackingPositioningPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowNtrip() {

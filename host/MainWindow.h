@@ -39,6 +39,7 @@ public slots:
     void ExportSettings();
     void ImportSettings();
     void ShowTimingSignals();
+    void ShowTrackingPositioning();
     void ShowNtrip();
 
 private:
@@ -66,6 +67,7 @@ private:
     QAction* m_exportSettings = nullptr;
     QAction* m_importSettings = nullptr;
     QAction* m_timingSignals = nullptr;
+    QAction* m_trackingPositioning = nullptr;
     QAction* m_ntrip = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;

@@ -13,6 +13,7 @@
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "config/ReceiverSettingsImport_SelectParametersPP.h"
 #include "config/SettingsFile.h"
+#include "config/TrackingPositioningPS.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
 #include "status/ReceiverStatusPS.h"
@@ -157,6 +158,44 @@ bool SettleUntil(const std::function<bool()>& done, int ms) {
     return true;
 }
 
+// A dialog at its own size and filling the field controller's screen.
+template <class Dialog>
+void SaveDialog(Shooter& shooter, CParameterSheet& sheet, const QString& name) {
+    CPellWindow<Dialog> dialog(sheet.GetReceiver(), &sheet);
+    dialog.show();
+    dialog.adjustSize();
+    shooter.Save(dialog, name);
+    shooter.Save(dialog, name + QStringLiteral("-480x640"), kHandheld);
+    dialog.close();
+}
+
+// Every page of the tracking sheet and its three dialogs, over a simulated receiver that has
+// them all (the twin antenna pages need the heading feature).
+void SaveTrackingSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> model) {
+    MainWindow window(std::move(model));
+    window.ConnectTo({ReceiverTarget::Simulator, QStringLiteral("pardo7"), 0, false});
+    if (!SettleUntil([&] { return window.Receiver() != nullptr; }, 10000)) {
+        QTextStream(stderr) << "could not connect to the simulated pardo7\n";
+        shooter.Fail();
+        return;
+    }
+    CPellWindow<CTrackingPositioningPS> sheet(window.Receiver(), &window);
+    sheet.resize(kDesktop);
+    sheet.show();
+    for (int i = 0; i < sheet.GetPageCount(); ++i) {
+        sheet.SetActivePage(i);
+        QString title = sheet.GetPage(i)->GetTitle().toLower().remove(QLatin1Char('.'));
+        shooter.SaveBothSizes(sheet, QStringLiteral("tracking-") + title.replace(' ', '-'));
+    }
+    SaveDialog<CTrackingPositioning_AdvancedRTKDlg>(shooter, sheet,
+                                                    QStringLiteral("tracking-advanced-rtk"));
+    SaveDialog<CTrackingPositioning_AdvancedKestrelDlg>(
+        shooter, sheet, QStringLiteral("tracking-advanced-kestrel"));
+    SaveDialog<CTrackingPositioning_AntiJammingDlg>(shooter, sheet,
+                                                    QStringLiteral("tracking-anti-jamming"));
+    sheet.close();
+}
+
 // Opens the branch of the settings tree named `name` with all below it.
 void ExpandBranch(CReceiverSettingsTree& tree, const QString& name) {
     const QList<QTreeWidgetItem*> found = tree.findItems(name, Qt::MatchExactly, 0);
@@ -293,6 +332,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     SaveStatusSheet(shooter, simulator, window);
     SaveSettingsWizards(shooter, window, dir);
     SaveTimingSheet(shooter, window);
+    SaveTrackingSheet(shooter, model);
     SaveNtripSheet(shooter, window);
     if (served)
         served->abort();

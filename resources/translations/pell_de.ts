@@ -829,6 +829,409 @@
         <translation>Zeitbezug</translation>
     </message>
     <message>
+        <source>Tracking and Positioning</source>
+        <comment>61530</comment>
+        <translation>Verfolgung und Positionierung</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <comment>61531</comment>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Obs</source>
+        <comment>61532</comment>
+        <translation>Beob.</translation>
+    </message>
+    <message>
+        <source>RTK Masks</source>
+        <comment>61533</comment>
+        <translation>RTK-Masken</translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <comment>61534</comment>
+        <translation>Basis</translation>
+    </message>
+    <message>
+        <source>RTK</source>
+        <comment>61535</comment>
+        <translation>RTK</translation>
+    </message>
+    <message>
+        <source>Heading</source>
+        <comment>61536</comment>
+        <translation>Kurs</translation>
+    </message>
+    <message>
+        <source>Kestrel</source>
+        <comment>61537</comment>
+        <translation>Kestrel</translation>
+    </message>
+    <message>
+        <source>Antenna</source>
+        <comment>61538</comment>
+        <translation>Antenne</translation>
+    </message>
+    <message>
+        <source>Adv</source>
+        <comment>61539</comment>
+        <translation>Erw.</translation>
+    </message>
+    <message>
+        <source>Adv. RTK</source>
+        <comment>61540</comment>
+        <translation>Erw. RTK</translation>
+    </message>
+    <message>
+        <source>Adv. Kestrel</source>
+        <comment>61541</comment>
+        <translation>Erw. Kestrel</translation>
+    </message>
+    <message>
+        <source>Anti-Jamming Settings</source>
+        <comment>61542</comment>
+        <translation>Störschutz-Einstellungen</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <comment>61543</comment>
+        <translation>Erweitert</translation>
+    </message>
+    <message>
+        <source>Solution Modes</source>
+        <comment>61544</comment>
+        <translation>Lösungsarten</translation>
+    </message>
+    <message>
+        <source>Positioning Mode:</source>
+        <comment>61545</comment>
+        <translation>Positionierungsart:</translation>
+    </message>
+    <message>
+        <source>Standalone Solution:</source>
+        <comment>61546</comment>
+        <translation>Autonome Lösung:</translation>
+    </message>
+    <message>
+        <source>Code Differential Solution:</source>
+        <comment>61547</comment>
+        <translation>Code-Differenzlösung:</translation>
+    </message>
+    <message>
+        <source>Ionosphere</source>
+        <comment>61548</comment>
+        <translation>Ionosphäre</translation>
+    </message>
+    <message>
+        <source>Differential Ionosphere:</source>
+        <comment>61549</comment>
+        <translation>Differentielle Ionosphäre:</translation>
+    </message>
+    <message>
+        <source>RTK Differential Ionosphere:</source>
+        <comment>61550</comment>
+        <translation>RTK-differentielle Ionosphäre:</translation>
+    </message>
+    <message>
+        <source>PPP Mode:</source>
+        <comment>61551</comment>
+        <translation>PPP-Modus:</translation>
+    </message>
+    <message>
+        <source>Satellites Tracking:</source>
+        <comment>61552</comment>
+        <translation>Satellitenverfolgung:</translation>
+    </message>
+    <message>
+        <source>Position Computation:</source>
+        <comment>61553</comment>
+        <translation>Positionsberechnung:</translation>
+    </message>
+    <message>
+        <source>Elevation Mask, deg</source>
+        <comment>61554</comment>
+        <translation>Elevationsmaske, Grad</translation>
+    </message>
+    <message>
+        <source>PDOP mask for position computation</source>
+        <comment>61555</comment>
+        <translation>PDOP-Maske für die Positionsberechnung</translation>
+    </message>
+    <message>
+        <source>RTK Elevation Mask, deg</source>
+        <comment>61556</comment>
+        <translation>RTK-Elevationsmaske, Grad</translation>
+    </message>
+    <message>
+        <source>RTK PDOP Mask</source>
+        <comment>61557</comment>
+        <translation>RTK-PDOP-Maske</translation>
+    </message>
+    <message>
+        <source>Antenna Type</source>
+        <comment>61558</comment>
+        <translation>Antennentyp</translation>
+    </message>
+    <message>
+        <source>Detect Ionospheric Scintillations</source>
+        <comment>61559</comment>
+        <translation>Ionosphärische Szintillationen erkennen</translation>
+    </message>
+    <message>
+        <source>RTK Engine Version:</source>
+        <comment>61560</comment>
+        <translation>Version des RTK-Rechenkerns:</translation>
+    </message>
+    <message>
+        <source>RTK Mode</source>
+        <comment>61561</comment>
+        <translation>RTK-Modus</translation>
+    </message>
+    <message>
+        <source>Extrapolation Time, s:</source>
+        <comment>61562</comment>
+        <translation>Extrapolationszeit, s:</translation>
+    </message>
+    <message>
+        <source>Base Corrections Period, s:</source>
+        <comment>61563</comment>
+        <translation>Korrekturintervall der Basis, s:</translation>
+    </message>
+    <message>
+        <source>Dynamics</source>
+        <comment>61564</comment>
+        <translation>Dynamik</translation>
+    </message>
+    <message>
+        <source>Rover Acceleration, m/s²:</source>
+        <comment>61565</comment>
+        <translation>Beschleunigung des Rovers, m/s²:</translation>
+    </message>
+    <message>
+        <source>Ambiguity Fixing Level</source>
+        <comment>61566</comment>
+        <translation>Stufe der Mehrdeutigkeitslösung</translation>
+    </message>
+    <message>
+        <source>Ionospheric Residual, ppm:</source>
+        <comment>61567</comment>
+        <translation>Ionosphärischer Restfehler, ppm:</translation>
+    </message>
+    <message>
+        <source>VRS Mode</source>
+        <comment>61568</comment>
+        <translation>VRS-Modus</translation>
+    </message>
+    <message>
+        <source>IF Baseline, m:</source>
+        <comment>61569</comment>
+        <translation>IF-Basislinie, m:</translation>
+    </message>
+    <message>
+        <source>Weighting Based On Residuals</source>
+        <comment>61570</comment>
+        <translation>Gewichtung nach Residuen</translation>
+    </message>
+    <message>
+        <source>Maximum Residual Value, mm:</source>
+        <comment>61571</comment>
+        <translation>Größtes Residuum, mm:</translation>
+    </message>
+    <message>
+        <source>Heading Mode:</source>
+        <comment>61572</comment>
+        <translation>Kursmodus:</translation>
+    </message>
+    <message>
+        <source>Azimuth Filter:</source>
+        <comment>61573</comment>
+        <translation>Azimutfilter:</translation>
+    </message>
+    <message>
+        <source>Azimuth Filter RMS, deg:</source>
+        <comment>61574</comment>
+        <translation>RMS des Azimutfilters, Grad:</translation>
+    </message>
+    <message>
+        <source>Baseline</source>
+        <comment>61575</comment>
+        <translation>Basislinie</translation>
+    </message>
+    <message>
+        <source>Distance:</source>
+        <comment>61576</comment>
+        <translation>Abstand:</translation>
+    </message>
+    <message>
+        <source>Distance in Use, m:</source>
+        <comment>61577</comment>
+        <translation>Verwendeter Abstand, m:</translation>
+    </message>
+    <message>
+        <source>Heading with Two Antennas</source>
+        <comment>61578</comment>
+        <translation>Kurs mit zwei Antennen</translation>
+    </message>
+    <message>
+        <source>Antenna Baseline, m:</source>
+        <comment>61579</comment>
+        <translation>Antennenbasislinie, m:</translation>
+    </message>
+    <message>
+        <source>Use Second Frequency</source>
+        <comment>61580</comment>
+        <translation>Zweite Frequenz verwenden</translation>
+    </message>
+    <message>
+        <source>Initial Angles</source>
+        <comment>61581</comment>
+        <translation>Anfangswinkel</translation>
+    </message>
+    <message>
+        <source>Shifts</source>
+        <comment>61582</comment>
+        <translation>Verschiebungen</translation>
+    </message>
+    <message>
+        <source>Heading, deg:</source>
+        <comment>61583</comment>
+        <translation>Kurs, Grad:</translation>
+    </message>
+    <message>
+        <source>Inclination, deg:</source>
+        <comment>61584</comment>
+        <translation>Neigung, Grad:</translation>
+    </message>
+    <message>
+        <source>Save Line Biases</source>
+        <comment>61585</comment>
+        <translation>Leitungsverzögerungen speichern</translation>
+    </message>
+    <message>
+        <source>Adjust Cable Difference</source>
+        <comment>61586</comment>
+        <translation>Kabelunterschied ausgleichen</translation>
+    </message>
+    <message>
+        <source>Adaptive Smoothing</source>
+        <comment>61587</comment>
+        <translation>Adaptive Glättung</translation>
+    </message>
+    <message>
+        <source>Heading Only</source>
+        <comment>61588</comment>
+        <translation>Nur Kurs</translation>
+    </message>
+    <message>
+        <source>Antenna Input</source>
+        <comment>61589</comment>
+        <translation>Antenneneingang</translation>
+    </message>
+    <message>
+        <source>Input:</source>
+        <comment>61590</comment>
+        <translation>Eingang:</translation>
+    </message>
+    <message>
+        <source>Current Input:</source>
+        <comment>61591</comment>
+        <translation>Aktueller Eingang:</translation>
+    </message>
+    <message>
+        <source>Ext. Antenna Status:</source>
+        <comment>61592</comment>
+        <translation>Status ext. Antenne:</translation>
+    </message>
+    <message>
+        <source>HD Antenna Status:</source>
+        <comment>61593</comment>
+        <translation>Status HD-Antenne:</translation>
+    </message>
+    <message>
+        <source>Activate Twin Antenna System</source>
+        <comment>61594</comment>
+        <translation>Zwillingsantennensystem aktivieren</translation>
+    </message>
+    <message>
+        <source>Update Rates</source>
+        <comment>61595</comment>
+        <translation>Aktualisierungsraten</translation>
+    </message>
+    <message>
+        <source>Raw measurement update rate, ms:</source>
+        <comment>61596</comment>
+        <translation>Aktualisierungsrate der Rohmessungen, ms:</translation>
+    </message>
+    <message>
+        <source>Position update rate, ms:</source>
+        <comment>61597</comment>
+        <translation>Aktualisierungsrate der Position, ms:</translation>
+    </message>
+    <message>
+        <source>Multipath</source>
+        <comment>61598</comment>
+        <translation>Mehrwege</translation>
+    </message>
+    <message>
+        <source>C/A code multipath reduction</source>
+        <comment>61599</comment>
+        <translation>C/A-Code-Mehrwegereduktion</translation>
+    </message>
+    <message>
+        <source>C/A carrier phase multipath reduction</source>
+        <comment>61600</comment>
+        <translation>C/A-Trägerphasen-Mehrwegereduktion</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <comment>61601</comment>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>Cinderella</source>
+        <comment>61602</comment>
+        <translation>Cinderella</translation>
+    </message>
+    <message>
+        <source>Quartz Lock Loop</source>
+        <comment>61603</comment>
+        <translation>Quarz-Regelschleife</translation>
+    </message>
+    <message>
+        <source>Anti-jamming</source>
+        <comment>61604</comment>
+        <translation>Störschutz</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <comment>61605</comment>
+        <translation>Einstellungen…</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <comment>61606</comment>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>GLONASS</source>
+        <comment>61607</comment>
+        <translation>GLONASS</translation>
+    </message>
+    <message>
+        <source>L1</source>
+        <comment>61608</comment>
+        <translation>L1</translation>
+    </message>
+    <message>
+        <source>L2</source>
+        <comment>61609</comment>
+        <translation>L2</translation>
+    </message>
+    <message>
+        <source>L5</source>
+        <comment>61610</comment>
+        <translation>L5</translation>
         <source>Single Base</source>
         <comment>61800</comment>
         <translation>Einzelbasis</translation>

@@ -1,3 +1,4 @@
+#include "SheetTesting.h"
 #include "SimulatedReceiver.h"
 #include "TestSupport.h"
 #include "config/PPSEventFrqPS.h"
@@ -6,15 +7,12 @@
 #include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QSpinBox>
 #include <gtest/gtest.h>
 
 namespace {
 
+using namespace pell::test;
 using Sheet = CPellWindow<CPPSEventFrqPS>;
 
 QString Title(unsigned id, const char* channel = nullptr) {
@@ -22,38 +20,6 @@ QString Title(unsigned id, const char* channel = nullptr) {
     return channel ? g_PellLibApp.XLoadString(pell::ids::TimingPageTitle)
                          .arg(name, QString::fromLatin1(channel))
                    : name;
-}
-
-QStringList Titles(CPPSEventFrqPS& sheet) {
-    QStringList titles;
-    for (int i = 0; i < sheet.GetPageCount(); ++i)
-        titles << sheet.GetPage(i)->GetTitle();
-    return titles;
-}
-
-CParameterPage& Page(CPPSEventFrqPS& sheet, int index) {
-    sheet.SetActivePage(index);
-    return *static_cast<CParameterPage*>(sheet.GetPage(index));
-}
-
-void Click(QWidget& sheet, const char* button) {
-    sheet.findChild<QPushButton*>(QLatin1String(button))->click();
-}
-
-// Changes a control the way a user would; false for one that cannot change.
-bool Change(QWidget* control) {
-    if (auto* box = qobject_cast<QComboBox*>(control)) {
-        if (box->count() < 2)
-            return false;
-        box->setCurrentIndex((box->currentIndex() + 1) % box->count());
-    } else if (auto* check = qobject_cast<QCheckBox*>(control)) {
-        check->toggle();
-    } else if (auto* spin = qobject_cast<QSpinBox*>(control)) {
-        spin->setValue(spin->value() < spin->maximum() ? spin->value() + 1 : spin->value() - 1);
-    } else {
-        return false;
-    }
-    return true;
 }
 
 TEST(TimingSheetTest, PagesAreTheChannelsTheReceiverHas) {

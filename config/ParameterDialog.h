@@ -1,0 +1,53 @@
+#pragma once
+
+#include "config/ParameterPage.h"
+#include "lib/PellDialog.h"
+#include "lib/pell_export.h"
+#include "receiver/SettingsRestorer.h"
+#include "receiver/VexReceiverMate.h"
+
+#include <memory>
+
+// A dialog of receiver parameters over OK and Cancel. Its controls are bound in a parameter
+// page that fills the dialog (Body()), so it reads, writes and shows a refusal the way a page
+// does. OK writes what the user changed and closes, or stays open with the refused control
+// marked. Opened from a page of a parameter sheet, the sheet records its masks before the first
+// write, so the sheet's Cancel puts the dialog's values back as well. Opened alone, an OK the
+// receiver refuses half way has what it wrote put back when the dialog is cancelled.
+class PELL_EXPORT CParameterDialog : public CPellDialog {
+    Q_OBJECT
+public:
+    CParameterDialog(std::shared_ptr<rxio::IReceiver> receiver, const QString& caption,
+                     QWidget* parent = nullptr);
+
+    CParameterPage& Body() { return *m_body; }
+    // OK sent at least one value (perhaps refused).
+    bool Wrote() const { return m_wrote; }
+
+    void accept() override;
+
+protected:
+    void OnInitDialog() override;
+    void OnDestroy() override;
+    void OnConnectionLost() override;
+    void OnReceiverGone() override;
+
+private:
+    // Lets go of the record: nothing is put back.
+    void ForgetRecord();
+
+    CParameterPage* m_body;
+    // Alone: the dialog's parameters as they were before its first write, until OK goes through.
+    std::unique_ptr<pell::CSettingsRestorer<CVexReceiverMate>> m_restorer;
+    bool m_wrote = false;
+};
+
+// Opens a parameter dialog from a page and marks the page modified when the dialog wrote, so the
+// sheet's Apply keeps the values and its Cancel puts them back. Returns IDOK or IDCANCEL.
+template <class Dialog> int RunParameterDialog(CParameterPage& page) {
+    CPellWindow<Dialog> dialog(page.GetReceiver(), &page);
+    const int result = dialog.exec();
+    if (dialog.Wrote())
+        page.SetModified(true);
+    return result;
+}

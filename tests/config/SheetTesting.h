@@ -1,0 +1,56 @@
+#pragma once
+
+#include "config/ParameterPage.h"
+#include "lib/PropertySheet.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStringList>
+
+// What the tests of configuration sheets do the way a user would.
+namespace pell::test {
+
+inline QStringList Titles(const CPropertySheetBase& sheet) {
+    QStringList titles;
+    for (int i = 0; i < sheet.GetPageCount(); ++i)
+        titles << sheet.GetPage(i)->GetTitle();
+    return titles;
+}
+
+// Activates page `index` (it reads its values when first shown) and returns it.
+inline CParameterPage& Page(CPropertySheetBase& sheet, int index) {
+    sheet.SetActivePage(index);
+    return *static_cast<CParameterPage*>(sheet.GetPage(index));
+}
+
+inline void Click(QWidget& window, const char* button) {
+    window.findChild<QPushButton*>(QLatin1String(button))->click();
+}
+
+// Changes a control the way a user would; false for one that cannot change.
+inline bool Change(QWidget* control) {
+    if (auto* box = qobject_cast<QComboBox*>(control)) {
+        if (box->count() < 2)
+            return false;
+        box->setCurrentIndex((box->currentIndex() + 1) % box->count());
+    } else if (auto* check = qobject_cast<QCheckBox*>(control)) {
+        check->toggle();
+    } else if (auto* spin = qobject_cast<QSpinBox*>(control)) {
+        spin->setValue(spin->value() < spin->maximum() ? spin->value() + 1 : spin->value() - 1);
+    } else if (auto* real = qobject_cast<QDoubleSpinBox*>(control)) {
+        real->setValue(real->value() < real->maximum() ? real->value() + 1 : real->value() - 1);
+    } else if (auto* edit = qobject_cast<QLineEdit*>(control);
+               edit && !qobject_cast<QAbstractSpinBox*>(edit->parentWidget())) {
+        edit->setText(edit->text() + QLatin1Char('X'));
+        emit edit->textEdited(edit->text());
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace pell::test
