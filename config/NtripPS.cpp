@@ -24,26 +24,6 @@ QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
 
-QFormLayout* Form(QWidget* parent) {
-    auto* form = new QFormLayout(parent);
-    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    form->setLabelAlignment(Qt::AlignLeft);
-    return form;
-}
-
-QGroupBox* Group(unsigned titleId, QVBoxLayout* page) {
-    auto* group = new QGroupBox(String(titleId));
-    page->addWidget(group);
-    return group;
-}
-
-QSpinBox* PortBox(int minimum) {
-    auto* box = new QSpinBox;
-    box->setRange(minimum, 65535);
-    box->setAlignment(Qt::AlignRight);
-    return box;
-}
-
 // "host : port", or that there is none.
 QString AddressLine(const QString& host, const QString& port) {
     if (host.trimmed().isEmpty())
@@ -55,7 +35,7 @@ QString AddressLine(const QString& host, const QString& port) {
 
 CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterPage(std::move(receiver), String(pell::ids::NtripClientPage), parent),
-      m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(PortBox(1)),
+      m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(SpinBox(1, 65535)),
       m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel),
       m_proxyPort(new QLabel), m_state(new QLabel), m_casterLine(new QLabel),
       m_proxyLine(new QLabel) {
@@ -76,7 +56,8 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     general->addRow(String(pell::ids::NtripFunction), m_function);
     general->addRow(String(pell::ids::NtripDataPort), dataPort);
 
-    QFormLayout* caster = Form(Group(pell::ids::NtripCaster, page));
+    QFormLayout* caster = Form(Group(String(pell::ids::NtripCaster), page));
+    caster->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     caster->addRow(String(pell::ids::NtripAddress), m_caster);
     caster->addRow(String(pell::ids::NtripPort), m_casterPort);
     auto* mountpointRow = new QHBoxLayout;
@@ -89,7 +70,7 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     caster->addRow(String(pell::ids::NtripPassword), password);
     caster->addRow(String(pell::ids::NtripInputMode), m_inputMode);
 
-    QFormLayout* state = Form(Group(pell::ids::NtripStateGroup, page));
+    QFormLayout* state = Form(Group(String(pell::ids::NtripStateGroup), page));
     state->addRow(m_state);
     state->addRow(String(pell::ids::NtripCaster) + QLatin1Char(':'), m_casterLine);
     state->addRow(String(pell::ids::NtripProxyServer) + QLatin1Char(':'), m_proxyLine);

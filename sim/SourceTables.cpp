@@ -1,7 +1,7 @@
 #include "SourceTables.h"
 
+#include <QString>
 #include <array>
-#include <cstdio>
 
 namespace rxsim {
 namespace {
@@ -43,10 +43,9 @@ constexpr std::array<Format, 5> kFormats = {{
     {"RTCM 2.1", "1(1),3(10)", 1},
 }};
 
+// Numbers with a decimal point whatever the locale: QString::asprintf keeps to the C locale.
 std::string Line(const char* format, auto... values) {
-    char buffer[512];
-    const int length = std::snprintf(buffer, sizeof buffer, format, values...);
-    return std::string(buffer, std::size_t(length)) + "\r\n";
+    return QString::asprintf(format, values...).toStdString() + "\r\n";
 }
 
 } // namespace
