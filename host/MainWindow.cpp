@@ -4,6 +4,7 @@
 #include "AppIcon.h"
 #include "InProcess.h"
 #include "config/PPSEventFrqPS.h"
+#include "config/ReceiverPortsPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "lib/PellLibDoc.h"
@@ -116,6 +117,8 @@ void MainWindow::BuildMenus() {
     receiver->addSeparator();
     m_timingSignals =
         receiver->addAction(tr("&Timing Signals…"), this, &MainWindow::ShowTimingSignals);
+    m_receiverPorts =
+        receiver->addAction(tr("Receiver &Ports…"), this, &MainWindow::ShowReceiverPorts);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -289,7 +292,8 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
-    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals})
+    for (QAction* action :
+         {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals, m_receiverPorts})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -328,6 +332,11 @@ void MainWindow::ImportSettings() {
 void MainWindow::ShowTimingSignals() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_PPSEventFrqPS(std::move(receiver), this);
+}
+
+void MainWindow::ShowReceiverPorts() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_ReceiverPortsPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowAbout() {

@@ -39,6 +39,7 @@ public slots:
     void ExportSettings();
     void ImportSettings();
     void ShowTimingSignals();
+    void ShowReceiverPorts();
 
 private:
     void BuildMenus();
@@ -65,6 +66,7 @@ private:
     QAction* m_exportSettings = nullptr;
     QAction* m_importSettings = nullptr;
     QAction* m_timingSignals = nullptr;
+    QAction* m_receiverPorts = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;
     QGroupBox* m_receiver = nullptr;

@@ -5,6 +5,7 @@
 #include "Model.h"
 #include "Simulator.h"
 #include "config/PPSEventFrqPS.h"
+#include "config/ReceiverPortsPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsExport_SelectParametersPP.h"
 #include "config/ReceiverSettingsImport_ProgressPP.h"
@@ -98,16 +99,17 @@ void SaveStatusSheet(Shooter& shooter, rxsim::CSimulator& simulator, MainWindow&
     sheet.close();
 }
 
-// Every page of the timing signals sheet with the values read from the receiver.
-void SaveTimingSheet(Shooter& shooter, MainWindow& window) {
-    CPellWindow<CPPSEventFrqPS> sheet(window.Receiver(), &window);
+// Every page of a configuration sheet with the values read from the receiver.
+template <class Sheet>
+void SaveSheetPages(Shooter& shooter, MainWindow& window, const QString& prefix) {
+    CPellWindow<Sheet> sheet(window.Receiver(), &window);
     sheet.resize(kDesktop);
     sheet.show();
     for (int i = 0; i < sheet.GetPageCount(); ++i) {
         sheet.SetActivePage(i);
         const QString title =
             sheet.GetPage(i)->GetTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-        shooter.SaveBothSizes(sheet, QStringLiteral("timing-") + title);
+        shooter.SaveBothSizes(sheet, prefix + title);
     }
     sheet.close();
 }
@@ -257,7 +259,8 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     shooter.SaveBothSizes(window, QStringLiteral("main-window"));
     SaveStatusSheet(shooter, simulator, window);
     SaveSettingsWizards(shooter, window, dir);
-    SaveTimingSheet(shooter, window);
+    SaveSheetPages<CPPSEventFrqPS>(shooter, window, QStringLiteral("timing-"));
+    SaveSheetPages<CReceiverPortsPS>(shooter, window, QStringLiteral("ports-"));
     if (served)
         served->abort();
     Settle();
