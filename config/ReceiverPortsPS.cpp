@@ -170,12 +170,22 @@ std::vector<ReceiverPort> FindReceiverPorts(const CVexReceiverMate& mate) {
     for (const QString& kind : Members(mate, QStringLiteral("dev"))) {
         if (!kinds.contains(kind))
             continue;
-        for (const QString& letter : Members(mate, QStringLiteral("dev/") + kind)) {
+        QStringList letters;
+        try {
+            letters = Members(mate, QStringLiteral("dev/") + kind);
+        } catch (const ulm_std::CCommException&) {
+            continue; // a kind the receiver will not list has no ports to show
+        }
+        for (const QString& letter : letters) {
             ReceiverPort port{QStringLiteral("dev/%1/%2").arg(kind, letter), kind};
             port.controller = port.Id() == controller || port.path == controller;
             // An empty text goes nowhere: the reply only tells whether the port takes output.
-            port.takesOutput = !CVexReceiverMate::IsAccessDenied(
-                mate.Run(pell::vexcmd::Out(port.Id(), QString())));
+            // Only a refusal counts; any other error leaves the question open.
+            try {
+                port.takesOutput = !CVexReceiverMate::IsAccessDenied(
+                    mate.Run(pell::vexcmd::Out(port.Id(), QString())));
+            } catch (const ulm_std::CCommException&) {
+            }
             ports.push_back(std::move(port));
         }
     }
