@@ -136,6 +136,11 @@ QString Letter(const QString& path) {
     return path.section(QLatin1Char('/'), -1).toUpper();
 }
 
+// A modem's "mode" is its dialling mode, edited on its own page, not an output format.
+bool HasOutputMode(const ReceiverPort& port) {
+    return port.kind != QLatin1String("modem");
+}
+
 QStringList Members(const CVexReceiverMate& mate, const QString& path) {
     return CVexReceiverMate::SplitList(mate.Run(pell::vexcmd::List(path)));
 }
@@ -220,6 +225,20 @@ bool CReceiverPortPage::OnApply() {
     return ConfirmChanges(PendingCommands()) && CParameterPage::OnApply();
 }
 
+QWidget* CReceiverPortPage::BindMode(const ReceiverPort& port, const char* leaf,
+                                     const EnumTable& table) {
+    const QString path = port.path + QLatin1Char('/') + QLatin1String(leaf);
+    if (!port.takesOutput) {
+        // Shown only: the receiver refuses this port's output, so none of it is written.
+        auto* label = new QLabel;
+        BindShown(label, path, &table);
+        return label;
+    }
+    QComboBox* box = ComboBox();
+    BindChoice(box, path, table);
+    return box;
+}
+
 void CReceiverPortPage::OnSetActive() {
     CParameterPage::OnSetActive();
     if (m_shown && !IsModified())
@@ -275,48 +294,38 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
         messagesLabel->setBuddy(messages);
         layout->addWidget(messagesLabel);
         layout->addWidget(messages, 1);
-        // A modem's "mode" is its dialling mode, edited on its own page, not an output format.
-        const bool hasOutputMode = port.kind != QLatin1String("modem");
+        form->addRow(String(pell::ids::PortsInputMode),
+                     BindMode(port, "imode", TableOf(IMode::EIMode{})));
         QComboBox* output = nullptr;
+        if (HasOutputMode(port)) {
+            QWidget* mode = BindMode(port, "mode", TableOf(OMode::EOMode{}));
+            form->addRow(String(pell::ids::PortsOutputMode), mode);
+            output = qobject_cast<QComboBox*>(mode);
+        }
+        if (output)
+            connect(output, &QComboBox::currentIndexChanged, this, [this, output] {
+                for (Panel& each : m_panels)
+                    if (each.output == output)
+                        SyncMessages(each);
+            });
         if (port.takesOutput) {
-            auto* input = ComboBox();
             auto* elevation = SpinBox(-90, 90);
             auto* period = new QDoubleSpinBox;
             period->setRange(0, 86400);
             period->setDecimals(3);
             period->setAlignment(Qt::AlignRight);
-            form->addRow(String(pell::ids::PortsInputMode), input);
-            BindChoice(input, port.path + QLatin1String("/imode"), TableOf(IMode::EIMode{}));
-            if (hasOutputMode) {
-                output = ComboBox();
-                form->addRow(String(pell::ids::PortsOutputMode), output);
-                BindChoice(output, port.path + QLatin1String("/mode"), TableOf(OMode::EOMode{}));
-                connect(output, &QComboBox::currentIndexChanged, this, [this, output] {
-                    for (Panel& each : m_panels)
-                        if (each.output == output)
-                            SyncMessages(each);
-                });
-            }
             form->addRow(String(pell::ids::PortsElevMask), elevation);
             form->addRow(String(pell::ids::PortsPeriod), period);
             BindSigned(elevation, out + QLatin1String("/elm"));
             BindReal(period, out + QLatin1String("/period"));
             m_panels.push_back({port, output, period, messages, {}});
         } else {
-            // Shown only: the receiver refuses this port's output, so none of it is written.
-            const auto shown = [&](unsigned labelId, const QString& path,
-                                   const EnumTable* table = nullptr) {
-                auto* label = new QLabel;
-                form->addRow(String(labelId), label);
-                BindShown(label, path, table);
-            };
-            shown(pell::ids::PortsInputMode, port.path + QLatin1String("/imode"),
-                  &TableOf(IMode::EIMode{}));
-            if (hasOutputMode)
-                shown(pell::ids::PortsOutputMode, port.path + QLatin1String("/mode"),
-                      &TableOf(OMode::EOMode{}));
-            shown(pell::ids::PortsElevMask, out + QLatin1String("/elm"));
-            shown(pell::ids::PortsPeriod, out + QLatin1String("/period"));
+            auto* elevation = new QLabel;
+            auto* period = new QLabel;
+            form->addRow(String(pell::ids::PortsElevMask), elevation);
+            form->addRow(String(pell::ids::PortsPeriod), period);
+            BindShown(elevation, out + QLatin1String("/elm"));
+            BindShown(period, out + QLatin1String("/period"));
             messages->setEnabled(false);
             m_panels.push_back({port, nullptr, nullptr, messages, {}});
         }
@@ -519,30 +528,12 @@ CReceiverPortGroupPP::CReceiverPortGroupPP(std::shared_ptr<rxio::IReceiver> rece
     for (const ReceiverPort& port : ports) {
         auto* name = new QLabel(port.Label());
         grid->addWidget(name, row, 0);
-        const QString imode = port.path + QLatin1String("/imode");
-        const QString mode = port.path + QLatin1String("/mode");
-        if (port.takesOutput) {
-            auto* input = ComboBox();
-            name->setBuddy(input);
-            grid->addWidget(input, row, 1);
-            BindChoice(input, imode, TableOf(IMode::EIMode{}));
-        } else {
-            auto* input = new QLabel;
-            name->setBuddy(input);
-            grid->addWidget(input, row, 1);
-            BindShown(input, imode, &TableOf(IMode::EIMode{}));
-        }
-        if (port.kind == QLatin1String("modem")) {
-            grid->addWidget(new QLabel(QStringLiteral("—")), row, 2);
-        } else if (port.takesOutput) {
-            auto* output = ComboBox();
-            grid->addWidget(output, row, 2);
-            BindChoice(output, mode, TableOf(OMode::EOMode{}));
-        } else {
-            auto* output = new QLabel;
-            grid->addWidget(output, row, 2);
-            BindShown(output, mode, &TableOf(OMode::EOMode{}));
-        }
+        QWidget* input = BindMode(port, "imode", TableOf(IMode::EIMode{}));
+        name->setBuddy(input);
+        grid->addWidget(input, row, 1);
+        grid->addWidget(HasOutputMode(port) ? BindMode(port, "mode", TableOf(OMode::EOMode{}))
+                                            : new QLabel(QStringLiteral("—")),
+                        row, 2);
         ++row;
     }
 }

@@ -47,6 +47,10 @@ protected:
     void OnSetActive() override;
     // The user's answer to what this page is about to write; false keeps the page unwritten.
     virtual bool ConfirmChanges(const QStringList& commands);
+    // The port's mode `leaf` ("imode", "mode"): a choice, or a label for a port that takes no
+    // output.
+    QWidget* BindMode(const ReceiverPort& port, const char* leaf,
+                      const rxio::vex::EnumTable& table);
 
 private:
     QString m_controller; // "dev/ser/a", or empty

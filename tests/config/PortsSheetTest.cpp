@@ -48,6 +48,19 @@ QStringList WritesSince(pell::test::SimulatedReceiver& receiver, qsizetype befor
         .filter(QRegularExpression(QStringLiteral("^(?!print,|list,|out,)")));
 }
 
+// Whether a control of the page shows `text` as its value.
+bool Shows(QWidget& page, const QString& text) {
+    for (QWidget* control : page.findChildren<QWidget*>()) {
+        if (auto* box = qobject_cast<QComboBox*>(control); box && box->currentText() == text)
+            return true;
+        if (auto* label = qobject_cast<QLabel*>(control); label && label->text() == text)
+            return true;
+        if (auto* spin = qobject_cast<QSpinBox*>(control); spin && spin->text() == text)
+            return true;
+    }
+    return false;
+}
+
 bool Change(QWidget* control) {
     if (auto* box = qobject_cast<QComboBox*>(control)) {
         if (box->count() < 2)
@@ -69,16 +82,26 @@ TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
     const struct {
         const char* profile;
         QStringList titles;
-        QStringList silent; // ports that take no output
+        QStringList silent;                                     // ports that take no output
+        std::vector<std::pair<const char*, const char*>> shown; // page, a value read on it
     } cases[] = {
-        {"lumen7", serial + QStringList{"UDP", "UDP Port", "Ntrip"}, {"dev/ntrip/a"}},
+        {"lumen7",
+         serial + QStringList{"UDP", "UDP Port", "Ntrip"},
+         {"dev/ntrip/a"},
+         {{"Serial D", "115200 baud"},
+          {"Serial A", "Commands"},
+          {"TCP Server", "8002"},
+          {"UDP Port", "8005"},
+          {"Ntrip", "RTCM 3.x"}}},
         {"ostrel-w",
          serial + QStringList{"UDP", "UDP Port", "Bluetooth", "Ntrip"},
-         {"dev/ble/a", "dev/ntrip/a"}},
+         {"dev/ble/a", "dev/ntrip/a"},
+         {{"Bluetooth", "/dev/ble/a (no output)"}}},
         {"marten",
          serial +
              QStringList{"UDP", "UDP Port", "Bluetooth", "Ntrip", "Modem", "Modem A", "Drivers A"},
-         {"dev/ntrip/a"}},
+         {"dev/ntrip/a"},
+         {{"Modem A", "UMTS module rev 3"}, {"Modem A", "Serial B"}, {"General", "5"}}},
     };
     const pell::test::ScopedEnglish english;
     for (const auto& c : cases) {
@@ -90,6 +113,10 @@ TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
             if (!port.takesOutput)
                 silent << port.path;
         EXPECT_EQ(silent, c.silent) << c.profile;
+        sheet.show();
+        for (const auto& [title, value] : c.shown)
+            EXPECT_TRUE(Shows(PageTitled(sheet, title), QString::fromUtf8(value)))
+                << c.profile << ": " << title << " " << value;
         ASSERT_NE(sheet.Controller(), nullptr);
         EXPECT_EQ(sheet.Controller()->path, QStringLiteral("dev/ser/a"));
     }
