@@ -241,9 +241,11 @@ QWidget* CReceiverPortPage::BindMode(const ReceiverPort& port, const char* leaf,
 
 void CReceiverPortPage::OnSetActive() {
     CParameterPage::OnSetActive();
-    if (m_shown && !IsModified())
+    const auto* sheet = qobject_cast<const CReceiverPortsPS*>(GetSheet());
+    const int applied = sheet ? sheet->AppliedCount() : 0;
+    if (m_readAfter >= 0 && m_readAfter != applied && !IsModified())
         Refresh();
-    m_shown = true;
+    m_readAfter = applied;
 }
 
 CReceiverPortGeneralPP::CReceiverPortGeneralPP(std::shared_ptr<rxio::IReceiver> receiver,
@@ -749,6 +751,11 @@ CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver, QW
             }
         }
     }
+}
+
+void CReceiverPortsPS::OnChangesApplied() {
+    ++m_applied;
+    CParameterSheet::OnChangesApplied();
 }
 
 const ReceiverPort* CReceiverPortsPS::Controller() const {

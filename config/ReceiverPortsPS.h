@@ -43,7 +43,7 @@ public:
 
 protected:
     bool OnApply() override;
-    // Read again when shown after another page may have written the same parameters.
+    // Read again when shown after an Apply, which may have written what this page shows.
     void OnSetActive() override;
     // The user's answer to what this page is about to write; false keeps the page unwritten.
     virtual bool ConfirmChanges(const QStringList& commands);
@@ -55,7 +55,7 @@ protected:
 private:
     QString m_controller; // "dev/ser/a", or empty
     QString m_controllerId;
-    bool m_shown = false;
+    int m_readAfter = -1; // the sheet's count of Applies when the page last read
 };
 
 // General settings of ports: input and output modes, the elevation mask and period of their
@@ -178,9 +178,15 @@ public:
     const std::vector<ReceiverPort>& Ports() const { return m_ports; }
     // The controller's own port, or null when the receiver did not name one of its ports.
     const ReceiverPort* Controller() const;
+    // How many Applies went through since the sheet opened.
+    int AppliedCount() const { return m_applied; }
+
+protected:
+    void OnChangesApplied() override;
 
 private:
     std::vector<ReceiverPort> m_ports;
+    int m_applied = 0;
 };
 
 // Shows the receiver ports sheet modally; IDOK or IDCANCEL.

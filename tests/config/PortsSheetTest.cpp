@@ -217,6 +217,13 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     Click(sheet, "applyButton");
     EXPECT_EQ(WritesSince(receiver, before), QStringList{"dm,/dev/ser/b,nmea/RMC"});
 
+    // A page read before shows what another page has applied since.
+    EXPECT_FALSE(Shows(PageTitled(sheet, "General"), QStringLiteral("JPS")));
+    auto* usbInput = PageTitled(sheet, "USB").findChild<QComboBox*>();
+    usbInput->setCurrentIndex(usbInput->findData(QStringLiteral("jps")));
+    Click(sheet, "applyButton");
+    EXPECT_TRUE(Shows(PageTitled(sheet, "General"), QStringLiteral("JPS")));
+
     // A port that takes no output is shown and never written.
     auto& bluetooth = PageTitled(sheet, "Bluetooth");
     EXPECT_TRUE(bluetooth.findChildren<QComboBox*>().isEmpty());
