@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QTreeWidget>
@@ -24,6 +25,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -181,7 +183,10 @@ std::vector<ReceiverPort> FindReceiverPorts(const CVexReceiverMate& mate) {
         } catch (const ulm_std::CCommException&) {
             continue; // a kind the receiver will not list has no ports to show
         }
+        static const QRegularExpression name(QStringLiteral("^[a-z0-9_]+$"));
         for (const QString& letter : letters) {
+            if (!name.match(letter).hasMatch())
+                continue; // not a name that could stand in a command
             ReceiverPort port{QStringLiteral("dev/%1/%2").arg(kind, letter), kind};
             port.controller = port.Id() == controller || port.path == controller;
             // An empty text goes nowhere: the reply only tells whether the port takes output.
@@ -454,24 +459,29 @@ bool CReceiverPortGeneralPP::OnApply() {
     for (Panel& panel : m_panels) {
         if (!panel.messages->isEnabled())
             continue;
-        QStringList commands;
+        // Each command with the one that undoes it.
+        std::vector<std::pair<QString, QString>> commands;
         for (int row = 0; row < panel.messages->count(); ++row) {
             const QListWidgetItem* item = panel.messages->item(row);
             const bool on = item->checkState() == Qt::Checked;
-            if (on != panel.enabled.contains(item->text()))
-                commands << (on ? pell::vexcmd::EnableMessages(panel.port.Id(), item->text())
-                                : pell::vexcmd::DisableMessages(panel.port.Id(), item->text()));
+            if (on == panel.enabled.contains(item->text()))
+                continue;
+            QString enable = pell::vexcmd::EnableMessages(panel.port.Id(), item->text());
+            QString disable = pell::vexcmd::DisableMessages(panel.port.Id(), item->text());
+            commands.emplace_back(on ? std::move(enable) : disable, on ? disable : enable);
         }
-        if (commands.isEmpty())
+        if (commands.empty())
             continue;
         if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
             sheet->BeforeWriting();
         try {
-            for (const QString& command : commands)
+            for (const auto& [command, undo] : commands) {
                 if (const QString reply = mate.Run(command);
                     CVexReceiverMate::IsAccessDenied(reply))
                     throw ulm_std::CCommException(command, QStringLiteral("Receiver"), reply,
                                                   QStringLiteral("ReceiverPortsPS"));
+                Remember(undo);
+            }
         } catch (const ulm_std::CException& error) {
             ReadMessages(panel);
             error.ReportError(this);
@@ -480,6 +490,40 @@ bool CReceiverPortGeneralPP::OnApply() {
         ReadMessages(panel);
     }
     return true;
+}
+
+// The sheet records what Cancel puts back by reading it, which it cannot do for a port's message
+// sets: the page keeps what undoes its own writes since the last Apply that went through whole.
+void CReceiverPortGeneralPP::Remember(const QString& undo) {
+    const auto* sheet = qobject_cast<const CReceiverPortsPS*>(GetSheet());
+    const int applied = sheet ? sheet->AppliedCount() : 0;
+    if (applied != m_undoAfter) {
+        m_undo.clear();
+        m_undoAfter = applied;
+    }
+    m_undo.prepend(undo);
+}
+
+void CReceiverPortGeneralPP::OnCancel() {
+    const auto* sheet = qobject_cast<const CReceiverPortsPS*>(GetSheet());
+    if (sheet && sheet->AppliedCount() == m_undoAfter && !m_undo.isEmpty()) {
+        const CVexReceiverMate mate(GetReceiver());
+        pell::RunAndReport(this, [&] {
+            for (const QString& command : std::exchange(m_undo, {}))
+                mate.Run(command);
+        });
+    }
+    CReceiverPortPage::OnCancel();
+}
+
+void CReceiverPortGeneralPP::OnConnectionLost() {
+    m_undo.clear();
+    CReceiverPortPage::OnConnectionLost();
+}
+
+void CReceiverPortGeneralPP::OnReceiverGone() {
+    m_undo.clear();
+    CReceiverPortPage::OnReceiverGone();
 }
 
 CReceiverPorts_SerialPP::CReceiverPorts_SerialPP(std::shared_ptr<rxio::IReceiver> receiver,

@@ -80,6 +80,9 @@ protected:
     void OnValuesRead() override;
     bool OnApply() override;
     bool ConfirmChanges(const QStringList& commands) override;
+    void OnCancel() override;
+    void OnConnectionLost() override;
+    void OnReceiverGone() override;
 
 private:
     struct Panel {
@@ -94,6 +97,7 @@ private:
     void ReadMessages(Panel& panel);
     void SyncMessages(Panel& panel);
     void ReadAuth();
+    void Remember(const QString& undo);
 
     std::vector<Panel> m_panels;
     QGroupBox* m_panelBox = nullptr;
@@ -102,6 +106,8 @@ private:
     int m_rawMs = 0;
     int m_posMs = 0;
     bool m_filling = false;
+    QStringList m_undo;   // newest first
+    int m_undoAfter = -1; // the sheet's count of Applies when m_undo began
 };
 
 // One serial port: its line settings above its general settings.

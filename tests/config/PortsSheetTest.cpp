@@ -249,6 +249,19 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     }
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/modem/a/jps/1/mode")), QStringLiteral("present"));
     EXPECT_FALSE(drivers.DeleteSelected()); // the slot is empty now
+
+    // Cancel after an Apply that stopped at a refusal takes back the message sets it enabled.
+    PageTitled(sheet, "Serial B");
+    messages->item(2)->setCheckState(Qt::Checked);
+    auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
+    udp->setValue(70000);
+    {
+        const pell::test::ScopedPresenter boxes;
+        Click(sheet, "applyButton");
+        EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{nmea/GSA}"));
+        Click(sheet, "cancelButton");
+    }
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{}"));
 }
 
 TEST(PortsSheetTest, PeriodFitsEitherUpdateRate) {
