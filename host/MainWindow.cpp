@@ -5,6 +5,7 @@
 #include "InProcess.h"
 #include "config/NtripPS.h"
 #include "config/PPSEventFrqPS.h"
+#include "config/ReceiverPortsPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "config/TrackingPositioningPS.h"
@@ -120,6 +121,8 @@ void MainWindow::BuildMenus() {
         receiver->addAction(tr("&Timing Signals…"), this, &MainWindow::ShowTimingSignals);
     m_trackingPositioning = receiver->addAction(tr("Tracking and &Positioning…"), this,
                                                 &MainWindow::ShowTrackingPositioning);
+    m_receiverPorts =
+        receiver->addAction(tr("Receiver P&orts…"), this, &MainWindow::ShowReceiverPorts);
     m_ntrip = receiver->addAction(tr("&NTRIP…"), this, &MainWindow::ShowNtrip);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
@@ -295,7 +298,7 @@ void MainWindow::OnStateChanged() {
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
     for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
-                            m_trackingPositioning, m_ntrip})
+                            m_trackingPositioning, m_receiverPorts, m_ntrip})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -344,6 +347,11 @@ void MainWindow::ShowTrackingPositioning() {
 void MainWindow::ShowNtrip() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_NtripPS(std::move(receiver), this);
+}
+
+void MainWindow::ShowReceiverPorts() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_ReceiverPortsPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowAbout() {

@@ -7,6 +7,7 @@
 #include "config/NtripPS.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PPSEventFrqPS.h"
+#include "config/ReceiverPortsPS.h"
 #include "config/ReceiverSettingsExport_SelectFilePP.h"
 #include "config/ReceiverSettingsExport_SelectParametersPP.h"
 #include "config/ReceiverSettingsImport_ProgressPP.h"
@@ -103,17 +104,21 @@ void SaveStatusSheet(Shooter& shooter, rxsim::CSimulator& simulator, MainWindow&
     sheet.close();
 }
 
-// Every page of the timing signals sheet with the values read from the receiver.
-void SaveTimingSheet(Shooter& shooter, MainWindow& window) {
-    CPellWindow<CPPSEventFrqPS> sheet(window.Receiver(), &window);
+// Every page of an open configuration sheet with the values read from the receiver.
+void SavePages(Shooter& shooter, CParameterSheet& sheet, const QString& prefix) {
     sheet.resize(kDesktop);
     sheet.show();
     for (int i = 0; i < sheet.GetPageCount(); ++i) {
         sheet.SetActivePage(i);
-        const QString title =
-            sheet.GetPage(i)->GetTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-        shooter.SaveBothSizes(sheet, QStringLiteral("timing-") + title);
+        QString title = sheet.GetPage(i)->GetTitle().toLower().remove(QLatin1Char('.'));
+        shooter.SaveBothSizes(sheet, prefix + title.replace(QLatin1Char(' '), QLatin1Char('-')));
     }
+}
+
+template <class Sheet>
+void SaveSheetPages(Shooter& shooter, MainWindow& window, const QString& prefix) {
+    CPellWindow<Sheet> sheet(window.Receiver(), &window);
+    SavePages(shooter, sheet, prefix);
     sheet.close();
 }
 
@@ -131,14 +136,7 @@ void SaveNtripSheet(Shooter& shooter, MainWindow& window) {
              QLatin1Char(';') +
              SetText(QStringLiteral("ntrip/caster/passwd"), QStringLiteral("s3cret")));
     CPellWindow<CNtripPS> sheet(window.Receiver(), &window);
-    sheet.resize(kDesktop);
-    sheet.show();
-    for (int i = 0; i < sheet.GetPageCount(); ++i) {
-        sheet.SetActivePage(i);
-        const QString title =
-            sheet.GetPage(i)->GetTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-        shooter.SaveBothSizes(sheet, QStringLiteral("ntrip-") + title);
-    }
+    SavePages(shooter, sheet, QStringLiteral("ntrip-"));
     CPellWindow<CNtrip_Client_SelectMountpointDlg> select(window.Receiver(),
                                                           QStringLiteral("Joho0013"), &sheet);
     select.show();
@@ -180,13 +178,7 @@ void SaveTrackingSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> mo
         return;
     }
     CPellWindow<CTrackingPositioningPS> sheet(window.Receiver(), &window);
-    sheet.resize(kDesktop);
-    sheet.show();
-    for (int i = 0; i < sheet.GetPageCount(); ++i) {
-        sheet.SetActivePage(i);
-        QString title = sheet.GetPage(i)->GetTitle().toLower().remove(QLatin1Char('.'));
-        shooter.SaveBothSizes(sheet, QStringLiteral("tracking-") + title.replace(' ', '-'));
-    }
+    SavePages(shooter, sheet, QStringLiteral("tracking-"));
     SaveDialog<CTrackingPositioning_AdvancedRTKDlg>(shooter, sheet,
                                                     QStringLiteral("tracking-advanced-rtk"));
     SaveDialog<CTrackingPositioning_AdvancedKestrelDlg>(
@@ -331,8 +323,9 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     shooter.SaveBothSizes(window, QStringLiteral("main-window"));
     SaveStatusSheet(shooter, simulator, window);
     SaveSettingsWizards(shooter, window, dir);
-    SaveTimingSheet(shooter, window);
+    SaveSheetPages<CPPSEventFrqPS>(shooter, window, QStringLiteral("timing-"));
     SaveTrackingSheet(shooter, model);
+    SaveSheetPages<CReceiverPortsPS>(shooter, window, QStringLiteral("ports-"));
     SaveNtripSheet(shooter, window);
     if (served)
         served->abort();

@@ -118,6 +118,14 @@ QString DisableMessages(const QString& port) {
     return QStringLiteral("dm,") + Bare(port, port);
 }
 
+QString DisableMessages(const QString& port, const QString& messages) {
+    return DisableMessages(port) + QLatin1Char(',') + Bare(messages, port);
+}
+
+QString Out(const QString& port, const QString& text) {
+    return QStringLiteral("out,") + Bare(port, port) + QLatin1Char(',') + QuoteText(text, port);
+}
+
 QString QuoteText(const QString& text, const QString& path) {
     QString out;
     out.reserve(text.size() + 2);

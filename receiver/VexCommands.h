@@ -31,9 +31,12 @@ PELL_EXPORT QString CreateNamed(const QString& path);
 PELL_EXPORT QString Remove(const QString& item);
 // list,<path>
 PELL_EXPORT QString List(const QString& path);
-// em,<port>,<messages> and dm,<port>
+// em,<port>,<messages>, dm,<port> and dm,<port>,<messages>
 PELL_EXPORT QString EnableMessages(const QString& port, const QString& messages);
 PELL_EXPORT QString DisableMessages(const QString& port);
+PELL_EXPORT QString DisableMessages(const QString& port, const QString& messages);
+// out,<port>,"<text>": an empty text asks whether the port takes output without sending any.
+PELL_EXPORT QString Out(const QString& port, const QString& text);
 
 // "text" with \" \\ \r \n escapes; throws for other control characters and broken UTF-16.
 PELL_EXPORT QString QuoteText(const QString& text, const QString& path);

@@ -606,6 +606,17 @@ Answer CReceiverState::Remove(const QStringList& args, SideEffects&) {
         messages.erase(named);
         return {};
     }
+    // A modem's stored driver goes from its slot, which stays: dev/modem/<m>/jps/<n>.
+    if (path.section(QLatin1Char('/'), -2, -2) == QLatin1String("jps") &&
+        path.startsWith(QLatin1String("dev/modem/"))) {
+        const auto id = m_params.find(path + QLatin1String("/id"));
+        const auto mode = m_params.find(path + QLatin1String("/mode"));
+        if (id == m_params.end() || mode == m_params.end())
+            return ErrorAnswer(1, QStringLiteral("unknown path"));
+        id->second.value = id->second.def->defaultValue;
+        mode->second.value = mode->second.def->defaultValue;
+        return {};
+    }
     if (!m_lists.contains(path.section(QLatin1Char('/'), 0, -2)) || !Exists(path))
         return ErrorAnswer(1, QStringLiteral("unknown path"));
     std::erase_if(m_params, [&](const auto& entry) {

@@ -1237,6 +1237,276 @@
         <translation>Einzelbasis</translation>
     </message>
     <message>
+        <source>Serial %1</source>
+        <comment>61631</comment>
+        <translation>Seriell %1</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <comment>61632</comment>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>USB</source>
+        <comment>61633</comment>
+        <translation>USB</translation>
+    </message>
+    <message>
+        <source>TCP</source>
+        <comment>61634</comment>
+        <translation>TCP</translation>
+    </message>
+    <message>
+        <source>ICOMM</source>
+        <comment>61635</comment>
+        <translation>ICOMM</translation>
+    </message>
+    <message>
+        <source>UDP</source>
+        <comment>61636</comment>
+        <translation>UDP</translation>
+    </message>
+    <message>
+        <source>Bluetooth</source>
+        <comment>61637</comment>
+        <translation>Bluetooth</translation>
+    </message>
+    <message>
+        <source>Ntrip</source>
+        <comment>61638</comment>
+        <translation>Ntrip</translation>
+    </message>
+    <message>
+        <source>MVP</source>
+        <comment>61639</comment>
+        <translation>MVP</translation>
+    </message>
+    <message>
+        <source>Modem</source>
+        <comment>61640</comment>
+        <translation>Modem</translation>
+    </message>
+    <message>
+        <source>TCP Server</source>
+        <comment>61641</comment>
+        <translation>TCP-Server</translation>
+    </message>
+    <message>
+        <source>UDP Port</source>
+        <comment>61642</comment>
+        <translation>UDP-Port</translation>
+    </message>
+    <message>
+        <source>Modem %1</source>
+        <comment>61643</comment>
+        <translation>Modem %1</translation>
+    </message>
+    <message>
+        <source>Drivers %1</source>
+        <comment>61644</comment>
+        <translation>Treiber %1</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <comment>61645</comment>
+        <translation>Seriell</translation>
+    </message>
+    <message>
+        <source>Baud Rate:</source>
+        <comment>61646</comment>
+        <translation>Baudrate:</translation>
+    </message>
+    <message>
+        <source>Byte Size:</source>
+        <comment>61647</comment>
+        <translation>Datenbits:</translation>
+    </message>
+    <message>
+        <source>Stop Bits:</source>
+        <comment>61648</comment>
+        <translation>Stoppbits:</translation>
+    </message>
+    <message>
+        <source>Parity:</source>
+        <comment>61649</comment>
+        <translation>Parität:</translation>
+    </message>
+    <message>
+        <source>RTS/CTS</source>
+        <comment>61650</comment>
+        <translation>RTS/CTS</translation>
+    </message>
+    <message>
+        <source>Input Mode:</source>
+        <comment>61651</comment>
+        <translation>Eingabemodus:</translation>
+    </message>
+    <message>
+        <source>Output Mode:</source>
+        <comment>61652</comment>
+        <translation>Ausgabemodus:</translation>
+    </message>
+    <message>
+        <source>Elev. Mask, deg:</source>
+        <comment>61653</comment>
+        <translation>Elevationsmaske, Grad:</translation>
+    </message>
+    <message>
+        <source>Period, s:</source>
+        <comment>61654</comment>
+        <translation>Periode, s:</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <comment>61655</comment>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <comment>61656</comment>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Auth</source>
+        <comment>61657</comment>
+        <translation>Anmeldung</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <comment>61658</comment>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <comment>61659</comment>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>61660</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>UDP Port:</source>
+        <comment>61661</comment>
+        <translation>UDP-Port:</translation>
+    </message>
+    <message>
+        <source>The period of the message(s) doesn't correspond to the raw measurement or position update rate.</source>
+        <comment>61662</comment>
+        <translation>Die Periode der Meldung(en) passt nicht zur Aktualisierungsrate der Rohmessungen oder der Position.</translation>
+    </message>
+    <message>
+        <source>Confirm deletion of the driver.</source>
+        <comment>61663</comment>
+        <translation>Löschen des Treibers bestätigen.</translation>
+    </message>
+    <message>
+        <source>%1 (this controller)</source>
+        <comment>61664</comment>
+        <translation>%1 (dieser Controller)</translation>
+    </message>
+    <message>
+        <source>%1 (no output)</source>
+        <comment>61665</comment>
+        <translation>%1 (keine Ausgabe)</translation>
+    </message>
+    <message>
+        <source>This controller is connected through %1. The change may cut the connection. Apply it anyway?</source>
+        <comment>61666</comment>
+        <translation>Dieser Controller ist über %1 verbunden. Die Änderung kann die Verbindung trennen. Trotzdem übernehmen?</translation>
+    </message>
+    <message>
+        <source>This controller is connected through this port.</source>
+        <comment>61667</comment>
+        <translation>Dieser Controller ist über diesen Port verbunden.</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <comment>61668</comment>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <comment>61669</comment>
+        <translation>Offen</translation>
+    </message>
+    <message>
+        <source>Password required</source>
+        <comment>61670</comment>
+        <translation>Passwort erforderlich</translation>
+    </message>
+    <message>
+        <source>Receiver Port:</source>
+        <comment>61671</comment>
+        <translation>Empfängerport:</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <comment>61672</comment>
+        <translation>Modus:</translation>
+    </message>
+    <message>
+        <source>Type:</source>
+        <comment>61673</comment>
+        <translation>Typ:</translation>
+    </message>
+    <message>
+        <source>Hardware:</source>
+        <comment>61674</comment>
+        <translation>Hardware:</translation>
+    </message>
+    <message>
+        <source>Profile:</source>
+        <comment>61675</comment>
+        <translation>Profil:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <comment>61676</comment>
+        <translation>Zustand:</translation>
+    </message>
+    <message>
+        <source>Port open</source>
+        <comment>61677</comment>
+        <translation>Port geöffnet</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <comment>61678</comment>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Driver</source>
+        <comment>61679</comment>
+        <translation>Treiber</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <comment>61680</comment>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <comment>61681</comment>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Modem Port</source>
+        <comment>61682</comment>
+        <translation>Modemport</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <comment>61683</comment>
+        <translation>Verbindung</translation>
+    </message>
+    <message>
+        <source>Server Port</source>
+        <comment>61684</comment>
+        <translation>Serverport</translation>
+    </message>
+    <message>
         <source>Network</source>
         <comment>61801</comment>
         <translation>Netzwerk</translation>
@@ -1415,6 +1685,9 @@
         <source>Not set</source>
         <comment>61836</comment>
         <translation>Nicht gesetzt</translation>
+        <source>Receiver Ports</source>
+        <comment>61630</comment>
+        <translation>Empfängerschnittstellen</translation>
     </message>
 </context>
 <context>

@@ -57,5 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     CheckOneCommand([&text] { return pell::vexcmd::Print(text); });
     CheckOneCommand([&text] { return pell::vexcmd::SetPrinted(QStringLiteral("pos/elm"), text); });
+    CheckOneCommand([&text] { return pell::vexcmd::Out(QStringLiteral("/dev/ser/a"), text); });
+    CheckOneCommand([&text] { return pell::vexcmd::DisableMessages(text, text); });
     return 0;
 }

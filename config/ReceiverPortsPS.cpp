@@ -1,0 +1,816 @@
+#include "config/ReceiverPortsPS.h"
+
+#include "lib/Exceptions.h"
+#include "lib/PellLib.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
+#include "resources/StringIds.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+#include <utility>
+
+namespace {
+
+using namespace rxio::vex;
+
+// Groups of ports by the receiver's name of their kind, matched exactly: "tcp" is not "tcpc".
+struct Group {
+    unsigned titleId;
+    const char* kinds;
+};
+constexpr Group kGroups[] = {
+    {pell::ids::PortsGroupUsb, "usb"},
+    {pell::ids::PortsGroupTcp, "tcp,tcpc"},
+    {pell::ids::PortsGroupIcomm, "icomm_loc,icomm_ext"},
+    {pell::ids::PortsGroupUdp, "udp"},
+    {pell::ids::PortsGroupBluetooth, "bth,btsp,btc,btsvc,ble"},
+    {pell::ids::PortsGroupNtrip, "ntrip"},
+    {pell::ids::PortsGroupMvp, "mvp"},
+    {pell::ids::PortsGroupModem, "modem"},
+};
+constexpr char kSerial[] = "ser";
+
+// The message sets a port can output with "em,".
+constexpr const char* kMessageSets[] = {
+    "nmea/GGA",   "nmea/RMC",   "nmea/GSA",   "nmea/GSV",   "nmea/PELSAT", "nmea/GLL",
+    "nmea/VTG",   "nmea/ZDA",   "nmea/GST",   "nmea/HDT",   "jps/RT",      "jps/PO",
+    "jps/VE",     "jps/ET",     "jps/SI",     "jps/EL",     "jps/AZ",      "jps/TO",
+    "rtcm/1",     "rtcm/3",     "rtcm3/1004", "rtcm3/1006", "rtcm3/1012",  "rtcm3/1033",
+    "rtcm3/1074", "rtcm3/1084", "rtcm3/1094", "rtcm3/1124", "rtcm3/1230",
+};
+
+// Settings of the controller's own port that cut its connection when they change.
+constexpr const char* kLinkLeaves[] = {"rate", "bits", "stops", "parity", "rtscts", "imode"};
+
+QString String(unsigned id) {
+    return g_PellLibApp.XLoadString(id);
+}
+
+QFormLayout* Form(QWidget* parent) {
+    auto* form = new QFormLayout(parent);
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    form->setLabelAlignment(Qt::AlignLeft);
+    return form;
+}
+
+QSpinBox* SpinBox(int minimum, int maximum) {
+    auto* box = new QSpinBox;
+    box->setRange(minimum, maximum);
+    box->setAlignment(Qt::AlignRight);
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("-000000000")));
+    return box;
+}
+
+QComboBox* ComboBox() {
+    auto* box = new QComboBox;
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    return box;
+}
+
+QTreeWidget* List(const QStringList& columns) {
+    auto* list = new QTreeWidget;
+    list->setHeaderLabels(columns);
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    list->setAllColumnsShowFocus(true);
+    list->header()->setStretchLastSection(true);
+    return list;
+}
+
+// A grid under bold column headers, its last column taking the spare width.
+QGridLayout* Table(QWidget* parent, std::initializer_list<unsigned> headers) {
+    auto* grid = new QGridLayout(parent);
+    grid->setHorizontalSpacing(grid->spacing() * 3);
+    int column = 0;
+    for (const unsigned id : headers) {
+        auto* header = new QLabel(String(id));
+        QFont font = header->font();
+        font.setBold(true);
+        header->setFont(font);
+        grid->addWidget(header, 0, column++);
+    }
+    grid->setColumnStretch(column, 1);
+    return grid;
+}
+
+// Fields of the page's forms start in one column, whichever form their label is in.
+void AlignLabels(QWidget* page) {
+    int width = 0;
+    const QList<QFormLayout*> forms = page->findChildren<QFormLayout*>();
+    for (const QFormLayout* form : forms)
+        for (int row = 0; row < form->rowCount(); ++row)
+            if (QLayoutItem* label = form->itemAt(row, QFormLayout::LabelRole))
+                width = std::max(width, label->sizeHint().width());
+    for (const QFormLayout* form : forms)
+        for (int row = 0; row < form->rowCount(); ++row)
+            if (QLayoutItem* label = form->itemAt(row, QFormLayout::LabelRole))
+                label->widget()->setMinimumWidth(width);
+}
+
+// Columns fit their texts with room to breathe; the last takes the rest.
+void FitColumns(QTreeWidget* list) {
+    for (int column = 0; column + 1 < list->columnCount(); ++column) {
+        list->resizeColumnToContents(column);
+        list->setColumnWidth(column, list->columnWidth(column) + list->fontMetrics().height() * 2);
+    }
+}
+
+// The port letter shown in page titles: "dev/ser/a" → "A".
+QString Letter(const QString& path) {
+    return path.section(QLatin1Char('/'), -1).toUpper();
+}
+
+// A modem's "mode" is its dialling mode, edited on its own page, not an output format.
+bool HasOutputMode(const ReceiverPort& port) {
+    return port.kind != QLatin1String("modem");
+}
+
+QStringList Members(const CVexReceiverMate& mate, const QString& path) {
+    return CVexReceiverMate::SplitList(mate.Run(pell::vexcmd::List(path)));
+}
+
+} // namespace
+
+QString ReceiverPort::Label() const {
+    QString label = Id();
+    if (kind == QLatin1String("tcp") || kind == QLatin1String("tcpc"))
+        label = String(pell::ids::PortsNetLabel).arg(label, QStringLiteral("tcp"));
+    else if (kind == QLatin1String("udp"))
+        label = String(pell::ids::PortsNetLabel).arg(label, QStringLiteral("udp"));
+    if (controller)
+        label = String(pell::ids::PortsThisController).arg(label);
+    if (!takesOutput)
+        label = String(pell::ids::PortsNoOutput).arg(label);
+    return label;
+}
+
+std::vector<ReceiverPort> FindReceiverPorts(const CVexReceiverMate& mate) {
+    QStringList kinds{QString::fromLatin1(kSerial)};
+    for (const Group& group : kGroups)
+        kinds << QString::fromLatin1(group.kinds).split(QLatin1Char(','));
+    QString controller;
+    try {
+        controller = mate.Run(pell::vexcmd::Print(QStringLiteral("cur/term/id")),
+                              CVexReceiverMate::RemoveQuotes);
+    } catch (const ulm_std::CCommException&) {
+        // A receiver that does not say which port it talks through: nothing is marked.
+    }
+    std::vector<ReceiverPort> ports;
+    for (const QString& kind : Members(mate, QStringLiteral("dev"))) {
+        if (!kinds.contains(kind))
+            continue;
+        QStringList letters;
+        try {
+            letters = Members(mate, QStringLiteral("dev/") + kind);
+        } catch (const ulm_std::CCommException&) {
+            continue; // a kind the receiver will not list has no ports to show
+        }
+        static const QRegularExpression name(QStringLiteral("^[a-z0-9_]+$"));
+        for (const QString& letter : letters) {
+            if (!name.match(letter).hasMatch())
+                continue; // not a name that could stand in a command
+            ReceiverPort port{QStringLiteral("dev/%1/%2").arg(kind, letter), kind};
+            port.controller = port.Id() == controller || port.path == controller;
+            // An empty text goes nowhere: the reply only tells whether the port takes output.
+            // Only a refusal counts; any other error leaves the question open.
+            try {
+                port.takesOutput = !CVexReceiverMate::IsAccessDenied(
+                    mate.Run(pell::vexcmd::Out(port.Id(), QString())));
+            } catch (const ulm_std::CCommException&) {
+            }
+            ports.push_back(std::move(port));
+        }
+    }
+    return ports;
+}
+
+CReceiverPortPage::CReceiverPortPage(std::shared_ptr<rxio::IReceiver> receiver,
+                                     const QString& title, const ReceiverPort* controller,
+                                     QWidget* parent)
+    : CParameterPage(std::move(receiver), title, parent) {
+    if (controller) {
+        m_controller = controller->path;
+        m_controllerId = controller->Id();
+    }
+}
+
+bool CReceiverPortPage::ConfirmChanges(const QStringList& commands) {
+    if (m_controller.isEmpty())
+        return true;
+    for (const char* leaf : kLinkLeaves) {
+        const QString prefix = QStringLiteral("set,%1/%2,").arg(m_controller, QLatin1String(leaf));
+        if (std::any_of(commands.begin(), commands.end(),
+                        [&](const QString& command) { return command.startsWith(prefix); }))
+            return g_PellLibApp.MessageBox(
+                       this, String(pell::ids::PortsControllerWarning).arg(m_controllerId),
+                       pell::MB_YESNO | pell::MB_ICONWARNING) == pell::IDYES;
+    }
+    return true;
+}
+
+bool CReceiverPortPage::OnApply() {
+    return ConfirmChanges(PendingCommands()) && CParameterPage::OnApply();
+}
+
+QWidget* CReceiverPortPage::BindMode(const ReceiverPort& port, const char* leaf,
+                                     const EnumTable& table) {
+    const QString path = port.path + QLatin1Char('/') + QLatin1String(leaf);
+    if (!port.takesOutput) {
+        // Shown only: the receiver refuses this port's output, so none of it is written.
+        auto* label = new QLabel;
+        BindShown(label, path, &table);
+        return label;
+    }
+    QComboBox* box = ComboBox();
+    BindChoice(box, path, table);
+    return box;
+}
+
+void CReceiverPortPage::OnSetActive() {
+    CParameterPage::OnSetActive();
+    const auto* sheet = qobject_cast<const CReceiverPortsPS*>(GetSheet());
+    const int applied = sheet ? sheet->AppliedCount() : 0;
+    if (m_readAfter >= 0 && m_readAfter != applied && !IsModified())
+        Refresh();
+    m_readAfter = applied;
+}
+
+CReceiverPortGeneralPP::CReceiverPortGeneralPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                               const std::vector<ReceiverPort>& ports,
+                                               const ReceiverPort* controller, QWidget* parent)
+    : CReceiverPortGeneralPP(std::move(receiver), String(pell::ids::PortsGeneralPage), ports,
+                             controller, parent) {}
+
+CReceiverPortGeneralPP::CReceiverPortGeneralPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                               const QString& title,
+                                               const std::vector<ReceiverPort>& ports,
+                                               const ReceiverPort* controller, QWidget* parent)
+    : CReceiverPortPage(std::move(receiver), title, controller, parent) {
+    Build(ports);
+}
+
+void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
+    auto* page = new QVBoxLayout(this);
+    if (ports.size() > 1) {
+        m_portList = List({String(pell::ids::PortsColumnPort), String(pell::ids::PortsColumnAuth)});
+        m_portList->setMaximumHeight(m_portList->fontMetrics().height() * 8);
+        page->addWidget(m_portList);
+    }
+    m_panelBox = new QGroupBox(String(pell::ids::PortsGeneralPage));
+    page->addWidget(m_panelBox, 1);
+    m_stack = new QStackedWidget;
+    (new QVBoxLayout(m_panelBox))->addWidget(m_stack);
+
+    for (const ReceiverPort& port : ports) {
+        const QString out = QStringLiteral("out/") + port.path;
+        auto* panel = new QWidget;
+        auto* layout = new QVBoxLayout(panel);
+        layout->setContentsMargins({});
+        QFormLayout* form = Form(nullptr);
+        layout->addLayout(form);
+        // In columns, so that every set is in view without scrolling on a wide screen.
+        auto* messages = new QListWidget;
+        messages->setSelectionMode(QAbstractItemView::NoSelection);
+        messages->setFlow(QListView::TopToBottom);
+        messages->setWrapping(true);
+        messages->setResizeMode(QListView::Adjust);
+        messages->setSpacing(1);
+        for (const char* set : kMessageSets) {
+            auto* item = new QListWidgetItem(QString::fromLatin1(set), messages);
+            item->setCheckState(Qt::Unchecked);
+        }
+        auto* messagesLabel = new QLabel(String(pell::ids::PortsMessages));
+        messagesLabel->setBuddy(messages);
+        layout->addWidget(messagesLabel);
+        layout->addWidget(messages, 1);
+        form->addRow(String(pell::ids::PortsInputMode),
+                     BindMode(port, "imode", TableOf(IMode::EIMode{})));
+        QComboBox* output = nullptr;
+        if (HasOutputMode(port)) {
+            QWidget* mode = BindMode(port, "mode", TableOf(OMode::EOMode{}));
+            form->addRow(String(pell::ids::PortsOutputMode), mode);
+            output = qobject_cast<QComboBox*>(mode);
+        }
+        if (output)
+            connect(output, &QComboBox::currentIndexChanged, this, [this, output] {
+                for (Panel& each : m_panels)
+                    if (each.output == output)
+                        SyncMessages(each);
+            });
+        if (port.takesOutput) {
+            auto* elevation = SpinBox(-90, 90);
+            auto* period = new QDoubleSpinBox;
+            period->setRange(0, 86400);
+            period->setDecimals(3);
+            period->setAlignment(Qt::AlignRight);
+            form->addRow(String(pell::ids::PortsElevMask), elevation);
+            form->addRow(String(pell::ids::PortsPeriod), period);
+            BindSigned(elevation, out + QLatin1String("/elm"));
+            BindReal(period, out + QLatin1String("/period"));
+            m_panels.push_back({port, output, period, messages, {}});
+        } else {
+            auto* elevation = new QLabel;
+            auto* period = new QLabel;
+            form->addRow(String(pell::ids::PortsElevMask), elevation);
+            form->addRow(String(pell::ids::PortsPeriod), period);
+            BindShown(elevation, out + QLatin1String("/elm"));
+            BindShown(period, out + QLatin1String("/period"));
+            messages->setEnabled(false);
+            m_panels.push_back({port, nullptr, nullptr, messages, {}});
+        }
+        connect(messages, &QListWidget::itemChanged, this, [this] {
+            if (!m_filling)
+                SetModified(true);
+        });
+        m_stack->addWidget(panel);
+        if (m_portList) {
+            auto* item = new QTreeWidgetItem(m_portList, {port.Label(), QString()});
+            item->setData(0, Qt::UserRole, port.path);
+        }
+    }
+    if (m_portList) {
+        connect(m_portList, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+            m_stack->setCurrentIndex(m_portList->indexOfTopLevelItem(item));
+            m_panelBox->setTitle(item ? item->text(0) : QString());
+        });
+        m_portList->setCurrentItem(m_portList->topLevelItem(0));
+        FitColumns(m_portList);
+    }
+}
+
+bool CReceiverPortGeneralPP::PeriodFits(double seconds, int rawMs, int posMs) {
+    const auto ms = std::llround(seconds * 1000);
+    const auto multiple = [ms](int interval) {
+        return interval > 0 && ms % interval == 0;
+    };
+    return ms == 0 || (rawMs <= 0 && posMs <= 0) || multiple(rawMs) || multiple(posMs);
+}
+
+void CReceiverPortGeneralPP::OnValuesRead() {
+    const CVexReceiverMate mate(GetReceiver());
+    const auto interval = [&mate](const char* path) {
+        try {
+            return mate.Run(pell::vexcmd::Print(QLatin1String(path))).toInt();
+        } catch (const ulm_std::CCommException&) {
+            return 0; // no such rate: nothing to fit
+        }
+    };
+    m_rawMs = interval("raw/msint");
+    m_posMs = interval("pos/msint");
+    for (Panel& panel : m_panels)
+        ReadMessages(panel);
+    ReadAuth();
+}
+
+void CReceiverPortGeneralPP::ReadMessages(Panel& panel) {
+    try {
+        panel.enabled = CVexReceiverMate::SplitList(
+            CVexReceiverMate(GetReceiver())
+                .Run(pell::vexcmd::Print(panel.port.path + QLatin1String("/msgs"))));
+    } catch (const ulm_std::CCommException& error) {
+        panel.enabled.clear();
+        panel.messages->setToolTip(error.GetReply());
+    }
+    m_filling = true;
+    for (const QString& set : panel.enabled)
+        if (panel.messages->findItems(set, Qt::MatchExactly).isEmpty())
+            new QListWidgetItem(set, panel.messages);
+    for (int row = 0; row < panel.messages->count(); ++row) {
+        QListWidgetItem* item = panel.messages->item(row);
+        item->setCheckState(panel.enabled.contains(item->text()) ? Qt::Checked : Qt::Unchecked);
+    }
+    m_filling = false;
+    SyncMessages(panel);
+}
+
+void CReceiverPortGeneralPP::SyncMessages(Panel& panel) {
+    if (!panel.port.takesOutput)
+        return;
+    panel.messages->setEnabled(!panel.output ||
+                               (panel.output->isEnabled() &&
+                                panel.output->currentData().toString() == QLatin1String("user")));
+}
+
+// A TCP server port's "Auth": whether a client must give the password.
+void CReceiverPortGeneralPP::ReadAuth() {
+    if (!m_portList)
+        return;
+    const CVexReceiverMate mate(GetReceiver());
+    for (int row = 0; row < m_portList->topLevelItemCount(); ++row) {
+        QTreeWidgetItem* item = m_portList->topLevelItem(row);
+        const QString path = item->data(0, Qt::UserRole).toString();
+        if (!path.startsWith(QLatin1String("dev/tcp/")))
+            continue;
+        const QString letter = path.section(QLatin1Char('/'), -1);
+        for (const QString& noauth :
+             {QStringLiteral("net/tcp/%1/noauth").arg(letter), QStringLiteral("net/tcp/noauth")}) {
+            try {
+                const bool open = mate.Run(pell::vexcmd::Print(noauth)) == QLatin1String("on");
+                item->setText(
+                    1, String(open ? pell::ids::PortsAuthOpen : pell::ids::PortsAuthPassword));
+                break;
+            } catch (const ulm_std::CCommException&) {
+                // Not this form of the setting: try the next.
+            }
+        }
+    }
+}
+
+bool CReceiverPortGeneralPP::ConfirmChanges(const QStringList& commands) {
+    for (const Panel& panel : m_panels) {
+        if (!panel.period)
+            continue;
+        const QString prefix = QStringLiteral("set,out/%1/period,").arg(panel.port.path);
+        const bool changed = std::any_of(commands.begin(), commands.end(),
+                                         [&](const QString& c) { return c.startsWith(prefix); });
+        // A warning only: a period that fits neither rate may still be what the user wants.
+        if (changed && !PeriodFits(panel.period->value(), m_rawMs, m_posMs)) {
+            if (g_PellLibApp.MessageBox(this, String(pell::ids::PortsPeriodMismatch),
+                                        pell::MB_OKCANCEL | pell::MB_ICONWARNING) != pell::IDOK)
+                return false;
+            break;
+        }
+    }
+    return CReceiverPortPage::ConfirmChanges(commands);
+}
+
+bool CReceiverPortGeneralPP::OnApply() {
+    if (!CReceiverPortPage::OnApply())
+        return false;
+    const CVexReceiverMate mate(GetReceiver());
+    for (Panel& panel : m_panels) {
+        if (!panel.messages->isEnabled())
+            continue;
+        // Each command with the one that undoes it.
+        std::vector<std::pair<QString, QString>> commands;
+        for (int row = 0; row < panel.messages->count(); ++row) {
+            const QListWidgetItem* item = panel.messages->item(row);
+            const bool on = item->checkState() == Qt::Checked;
+            if (on == panel.enabled.contains(item->text()))
+                continue;
+            QString enable = pell::vexcmd::EnableMessages(panel.port.Id(), item->text());
+            QString disable = pell::vexcmd::DisableMessages(panel.port.Id(), item->text());
+            commands.emplace_back(on ? std::move(enable) : disable, on ? disable : enable);
+        }
+        if (commands.empty())
+            continue;
+        if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+            sheet->BeforeWriting();
+        try {
+            for (const auto& [command, undo] : commands) {
+                if (const QString reply = mate.Run(command);
+                    CVexReceiverMate::IsAccessDenied(reply))
+                    throw ulm_std::CCommException(command, QStringLiteral("Receiver"), reply,
+                                                  QStringLiteral("ReceiverPortsPS"));
+                Remember(undo);
+            }
+        } catch (const ulm_std::CException& error) {
+            ReadMessages(panel);
+            error.ReportError(this);
+            return false;
+        }
+        ReadMessages(panel);
+    }
+    return true;
+}
+
+// The sheet records what Cancel puts back by reading it, which it cannot do for a port's message
+// sets: the page keeps what undoes its own writes since the last Apply that went through whole.
+void CReceiverPortGeneralPP::Remember(const QString& undo) {
+    const auto* sheet = qobject_cast<const CReceiverPortsPS*>(GetSheet());
+    const int applied = sheet ? sheet->AppliedCount() : 0;
+    if (applied != m_undoAfter) {
+        m_undo.clear();
+        m_undoAfter = applied;
+    }
+    m_undo.prepend(undo);
+}
+
+void CReceiverPortGeneralPP::OnCancel() {
+    const auto* sheet = qobject_cast<const CReceiverPortsPS*>(GetSheet());
+    if (sheet && sheet->AppliedCount() == m_undoAfter && !m_undo.isEmpty()) {
+        const CVexReceiverMate mate(GetReceiver());
+        pell::RunAndReport(this, [&] {
+            for (const QString& command : std::exchange(m_undo, {}))
+                mate.Run(command);
+        });
+    }
+    CReceiverPortPage::OnCancel();
+}
+
+void CReceiverPortGeneralPP::OnConnectionLost() {
+    m_undo.clear();
+    CReceiverPortPage::OnConnectionLost();
+}
+
+void CReceiverPortGeneralPP::OnReceiverGone() {
+    m_undo.clear();
+    CReceiverPortPage::OnReceiverGone();
+}
+
+CReceiverPorts_SerialPP::CReceiverPorts_SerialPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                                 const ReceiverPort& port,
+                                                 const ReceiverPort* controller, QWidget* parent)
+    : CReceiverPortGeneralPP(std::move(receiver),
+                             String(pell::ids::PortsSerialPage).arg(Letter(port.path)), {port},
+                             controller, parent) {
+    auto* rate = ComboBox();
+    auto* bits = ComboBox();
+    auto* stops = ComboBox();
+    auto* parity = ComboBox();
+    auto* rtscts = new QCheckBox(String(pell::ids::PortsRtsCts));
+    auto* line = new QGroupBox(String(pell::ids::PortsSerialGroup));
+    QFormLayout* form = Form(line);
+    form->addRow(String(pell::ids::PortsBaudRate), rate);
+    form->addRow(String(pell::ids::PortsByteSize), bits);
+    form->addRow(String(pell::ids::PortsStopBits), stops);
+    form->addRow(String(pell::ids::PortsParity), parity);
+    form->addRow(rtscts);
+    auto* page = static_cast<QVBoxLayout*>(layout());
+    page->insertWidget(0, line);
+    if (port.controller) {
+        auto* note = new QLabel(String(pell::ids::PortsControllerNote));
+        note->setWordWrap(true);
+        page->insertWidget(0, note);
+    }
+    BindChoice(rate, port.path + QLatin1String("/rate"), TableOf(EBaudRate{}));
+    BindChoice(bits, port.path + QLatin1String("/bits"), TableOf(EByteSize{}));
+    BindChoice(stops, port.path + QLatin1String("/stops"), TableOf(EStopBits{}));
+    BindChoice(parity, port.path + QLatin1String("/parity"), TableOf(EParity{}));
+    BindSwitch(rtscts, port.path + QLatin1String("/rtscts"));
+    AlignLabels(this);
+}
+
+CReceiverPortGroupPP::CReceiverPortGroupPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                           const QString& title,
+                                           const std::vector<ReceiverPort>& ports,
+                                           const ReceiverPort* controller, QWidget* parent)
+    : CReceiverPortPage(std::move(receiver), title, controller, parent) {
+    auto* page = new QVBoxLayout(this);
+    auto* box = new QGroupBox(title);
+    page->addWidget(box);
+    page->addStretch();
+    QGridLayout* grid = Table(box, {pell::ids::PortsColumnPort, pell::ids::PortsColumnInput,
+                                    pell::ids::PortsColumnOutput});
+    int row = 1;
+    for (const ReceiverPort& port : ports) {
+        auto* name = new QLabel(port.Label());
+        grid->addWidget(name, row, 0);
+        QWidget* input = BindMode(port, "imode", TableOf(IMode::EIMode{}));
+        name->setBuddy(input);
+        grid->addWidget(input, row, 1);
+        grid->addWidget(HasOutputMode(port) ? BindMode(port, "mode", TableOf(OMode::EOMode{}))
+                                            : new QLabel(QStringLiteral("—")),
+                        row, 2);
+        ++row;
+    }
+}
+
+CReceiverPortTCP_PP::CReceiverPortTCP_PP(std::shared_ptr<rxio::IReceiver> receiver,
+                                         const QStringList& letters, QWidget* parent)
+    : CReceiverPortPage(std::move(receiver), String(pell::ids::PortsTcpPage), nullptr, parent) {
+    auto* page = new QVBoxLayout(this);
+    auto* box = new QGroupBox(String(pell::ids::PortsTcpPage));
+    page->addWidget(box);
+    page->addStretch();
+    QGridLayout* grid = Table(box, {pell::ids::PortsColumnPort, pell::ids::PortsTcpPortColumn,
+                                    pell::ids::PortsColumnAuth});
+    const QStringList nodes = letters.isEmpty() ? QStringList{QString()} : letters;
+    int row = 1;
+    for (const QString& letter : nodes) {
+        const QString node =
+            letter.isEmpty() ? QStringLiteral("net/tcp") : QStringLiteral("net/tcp/") + letter;
+        auto* name = new QLabel(QStringLiteral("/dev/tcp/") +
+                                (letter.isEmpty() ? QStringLiteral("a") : letter));
+        auto* number = SpinBox(1, 65535);
+        auto* password = new QCheckBox(String(pell::ids::PortsPasswordRequired));
+        name->setBuddy(number);
+        grid->addWidget(name, row, 0);
+        grid->addWidget(number, row, 1);
+        grid->addWidget(password, row, 2);
+        BindSigned(number, node + QLatin1String("/port"));
+        // Checked when the port asks for the password: "noauth" off.
+        BindSwitch(password, node + QLatin1String("/noauth"), QStringLiteral("off"),
+                   QStringLiteral("on"));
+        ++row;
+    }
+}
+
+CReceiverPortUDP_PP::CReceiverPortUDP_PP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
+    : CReceiverPortPage(std::move(receiver), String(pell::ids::PortsUdpPage), nullptr, parent) {
+    auto* page = new QVBoxLayout(this);
+    auto* box = new QGroupBox(String(pell::ids::PortsGroupUdp));
+    page->addWidget(box);
+    page->addStretch();
+    auto* number = SpinBox(1, 65535);
+    Form(box)->addRow(String(pell::ids::PortsUdpPort), number);
+    BindSigned(number, QStringLiteral("net/udp/port"));
+}
+
+CReceiverPortComModemPP::CReceiverPortComModemPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                                 const ReceiverPort& modem, QWidget* parent)
+    : CReceiverPortPage(std::move(receiver),
+                        String(pell::ids::PortsModemPage).arg(Letter(modem.path)), nullptr,
+                        parent) {
+    const auto path = [&modem](const char* leaf) {
+        return modem.path + QLatin1String(leaf);
+    };
+    auto* port = ComboBox();
+    auto* mode = ComboBox();
+    auto* open = new QCheckBox(String(pell::ids::PortsModemOpen));
+    auto* profile = new QLineEdit;
+    profile->setMaxLength(32);
+    auto* type = new QLabel;
+    auto* hardware = new QLabel;
+    auto* state = new QLabel;
+
+    auto* page = new QVBoxLayout(this);
+    auto* settings = new QGroupBox(String(pell::ids::PortsModemGroup));
+    QFormLayout* form = Form(settings);
+    form->addRow(String(pell::ids::PortsModemPort), port);
+    form->addRow(String(pell::ids::PortsModemMode), mode);
+    form->addRow(String(pell::ids::PortsModemProfile), profile);
+    form->addRow(open);
+    auto* connection = new QGroupBox(String(pell::ids::PortsConnectionGroup));
+    QFormLayout* status = Form(connection);
+    status->addRow(String(pell::ids::PortsModemType), type);
+    status->addRow(String(pell::ids::PortsModemHardware), hardware);
+    status->addRow(String(pell::ids::PortsModemState), state);
+    page->addWidget(settings);
+    page->addWidget(connection);
+    page->addStretch();
+
+    BindChoice(port, path("/port"), TableOf(ECom{}));
+    BindChoice(mode, path("/mode"), TableOf(EMMode{}));
+    BindText(profile, path("/profile"));
+    BindSwitch(open, path("/open"));
+    BindShown(type, path("/type"), &TableOf(EModem{}));
+    BindShown(hardware, path("/hw"));
+    BindShown(state, path("/cur/state"), &TableOf(EMState{}));
+    AlignLabels(this);
+}
+
+CReceiverPortComDriverPP::CReceiverPortComDriverPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                                   const ReceiverPort& modem, QWidget* parent)
+    : CReceiverPortPage(std::move(receiver),
+                        String(pell::ids::PortsDriverPage).arg(Letter(modem.path)), nullptr,
+                        parent),
+      m_modem(modem.path),
+      m_slots(List({String(pell::ids::PortsColumnSlot), String(pell::ids::PortsColumnDriver),
+                    String(pell::ids::PortsColumnState)})),
+      m_delete(new QPushButton(String(pell::ids::PortsDeleteDriver))) {
+    auto* page = new QVBoxLayout(this);
+    page->addWidget(m_slots, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_delete);
+    page->addLayout(buttons);
+    m_delete->setEnabled(false);
+    connect(m_slots, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+        m_delete->setEnabled(item && item->data(0, Qt::UserRole).toBool());
+    });
+    connect(m_delete, &QPushButton::clicked, this, [this] { DeleteSelected(); });
+}
+
+void CReceiverPortComDriverPP::OnValuesRead() {
+    const QString selected = m_slots->currentItem() ? m_slots->currentItem()->text(0) : QString();
+    m_slots->clear();
+    const CVexReceiverMate mate(GetReceiver());
+    const QString drivers = m_modem + QLatin1String("/jps");
+    try {
+        for (const QString& slot :
+             CVexReceiverMate::SplitList(mate.Run(pell::vexcmd::List(drivers)))) {
+            const QString node = drivers + QLatin1Char('/') + slot;
+            const QString id = mate.Run(pell::vexcmd::Print(node + QLatin1String("/id")),
+                                        CVexReceiverMate::RemoveQuotes);
+            const QString mode = mate.Run(pell::vexcmd::Print(node + QLatin1String("/mode")));
+            const EnumTable& states = TableOf(SlotState::ESlotState{});
+            const int state = states.Parse(mode, -1);
+            auto* item = new QTreeWidgetItem(
+                m_slots,
+                {slot, id,
+                 state < 0 ? mode
+                           : ulm_std::CTranslatorInstance::Ref().XlateEx(states.Name(state))});
+            item->setData(0, Qt::UserRole, state != SlotState::Empty);
+            if (slot == selected)
+                m_slots->setCurrentItem(item);
+        }
+    } catch (const ulm_std::CCommException& error) {
+        m_slots->setToolTip(error.GetReply());
+    }
+    FitColumns(m_slots);
+    QTreeWidgetItem* current = m_slots->currentItem();
+    m_delete->setEnabled(current && current->data(0, Qt::UserRole).toBool());
+}
+
+bool CReceiverPortComDriverPP::DeleteSelected() {
+    QTreeWidgetItem* item = m_slots->currentItem();
+    if (!item || !item->data(0, Qt::UserRole).toBool())
+        return false;
+    if (g_PellLibApp.MessageBox(this, String(pell::ids::PortsConfirmDriverDeletion),
+                                pell::MB_YESNO | pell::MB_ICONQUESTION) != pell::IDYES)
+        return false;
+    const QString slot = m_modem + QLatin1String("/jps/") + item->text(0);
+    const bool deleted = pell::RunAndReport(
+        this, [&] { CVexReceiverMate(GetReceiver()).Run(pell::vexcmd::Remove(slot)); });
+    OnValuesRead();
+    return deleted;
+}
+
+CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
+    : CParameterSheet(receiver, String(pell::ids::PortsSheet),
+                      {QStringLiteral("dev/*"), QStringLiteral("out/*"),
+                       QStringLiteral("net/tcp/*"), QStringLiteral("net/udp/*")},
+                      parent) {
+    if (!Knows(QStringLiteral("dev")))
+        return;
+    try {
+        m_ports = FindReceiverPorts(CVexReceiverMate(receiver));
+    } catch (const ulm_std::CException&) {
+        // The receiver stopped answering: asking again records why, and the sheet reports it.
+        Knows(QStringLiteral("dev"));
+        return;
+    }
+    const ReceiverPort* controller = Controller();
+    std::vector<ReceiverPort> others;
+    for (const ReceiverPort& port : m_ports)
+        if (port.kind == QLatin1String(kSerial))
+            AddPage(new CReceiverPorts_SerialPP(receiver, port, controller));
+        else
+            others.push_back(port);
+    const auto groupOf = [](const ReceiverPort& port) {
+        return std::find_if(std::begin(kGroups), std::end(kGroups), [&port](const Group& each) {
+            return QString::fromLatin1(each.kinds).split(QLatin1Char(',')).contains(port.kind);
+        });
+    };
+    std::stable_sort(others.begin(), others.end(),
+                     [&groupOf](const ReceiverPort& a, const ReceiverPort& b) {
+                         return groupOf(a) < groupOf(b);
+                     });
+    if (!others.empty())
+        AddPage(new CReceiverPortGeneralPP(receiver, others, controller));
+    for (const Group& group : kGroups) {
+        const QStringList kinds = QString::fromLatin1(group.kinds).split(QLatin1Char(','));
+        std::vector<ReceiverPort> members;
+        for (const ReceiverPort& port : others)
+            if (kinds.contains(port.kind))
+                members.push_back(port);
+        if (members.empty())
+            continue;
+        AddPage(new CReceiverPortGroupPP(receiver, String(group.titleId), members, controller));
+        if (group.titleId == pell::ids::PortsGroupTcp) {
+            QStringList letters;
+            for (const ReceiverPort& port : members)
+                if (port.kind == QLatin1String("tcp") &&
+                    Knows(QStringLiteral("net/tcp/%1/port").arg(Letter(port.path).toLower())))
+                    letters << Letter(port.path).toLower();
+            if (!letters.isEmpty() || Knows(QStringLiteral("net/tcp/port")))
+                AddPage(new CReceiverPortTCP_PP(receiver, letters));
+        } else if (group.titleId == pell::ids::PortsGroupUdp &&
+                   Knows(QStringLiteral("net/udp/port"))) {
+            AddPage(new CReceiverPortUDP_PP(receiver));
+        } else if (group.titleId == pell::ids::PortsGroupModem) {
+            for (const ReceiverPort& modem : members) {
+                AddPage(new CReceiverPortComModemPP(receiver, modem));
+                if (Knows(modem.path + QLatin1String("/jps")))
+                    AddPage(new CReceiverPortComDriverPP(receiver, modem));
+            }
+        }
+    }
+}
+
+void CReceiverPortsPS::OnChangesApplied() {
+    ++m_applied;
+    CParameterSheet::OnChangesApplied();
+}
+
+const ReceiverPort* CReceiverPortsPS::Controller() const {
+    for (const ReceiverPort& port : m_ports)
+        if (port.controller)
+            return &port;
+    return nullptr;
+}
+
+int run_ReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent) {
+    const CPellModuleState state;
+    CPellWindow<CReceiverPortsPS> sheet(std::move(receiver), parent);
+    return sheet.exec();
+}
