@@ -35,7 +35,7 @@ QString AddressLine(const QString& host, const QString& port) {
 
 CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterPage(std::move(receiver), String(pell::ids::NtripClientPage), parent),
-      m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(SpinBox(1, 65535)),
+      m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(PortBox()),
       m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel),
       m_proxyPort(new QLabel), m_state(new QLabel), m_casterLine(new QLabel),
       m_proxyLine(new QLabel) {

@@ -121,6 +121,12 @@ QSpinBox* CParameterPage::SpinBox(int minimum, int maximum) {
     return box;
 }
 
+QSpinBox* CParameterPage::PortBox() {
+    QSpinBox* box = SpinBox(1, 65535);
+    box->setGroupSeparatorShown(false);
+    return box;
+}
+
 QDoubleSpinBox* CParameterPage::RealBox(double minimum, double maximum, int decimals) {
     auto* box = new QDoubleSpinBox;
     box->setDecimals(decimals);

@@ -64,21 +64,6 @@ QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
 
-QFormLayout* Form(QWidget* parent) {
-    auto* form = new QFormLayout(parent);
-    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    form->setLabelAlignment(Qt::AlignLeft);
-    return form;
-}
-
-QSpinBox* SpinBox(int minimum, int maximum) {
-    auto* box = new QSpinBox;
-    box->setRange(minimum, maximum);
-    box->setAlignment(Qt::AlignRight);
-    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("-000000000")));
-    return box;
-}
-
 QComboBox* ComboBox() {
     auto* box = new QComboBox;
     box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -600,7 +585,7 @@ CReceiverPortTCP_PP::CReceiverPortTCP_PP(std::shared_ptr<rxio::IReceiver> receiv
             letter.isEmpty() ? QStringLiteral("net/tcp") : QStringLiteral("net/tcp/") + letter;
         auto* name = new QLabel(QStringLiteral("/dev/tcp/") +
                                 (letter.isEmpty() ? QStringLiteral("a") : letter));
-        auto* number = SpinBox(1, 65535);
+        auto* number = PortBox();
         auto* password = new QCheckBox(String(pell::ids::PortsPasswordRequired));
         name->setBuddy(number);
         grid->addWidget(name, row, 0);
@@ -620,7 +605,7 @@ CReceiverPortUDP_PP::CReceiverPortUDP_PP(std::shared_ptr<rxio::IReceiver> receiv
     auto* box = new QGroupBox(String(pell::ids::PortsGroupUdp));
     page->addWidget(box);
     page->addStretch();
-    auto* number = SpinBox(1, 65535);
+    auto* number = PortBox();
     Form(box)->addRow(String(pell::ids::PortsUdpPort), number);
     BindSigned(number, QStringLiteral("net/udp/port"));
 }
