@@ -44,6 +44,7 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     auto* password = new QLineEdit;
     auto* error = new QLabel;
     auto* select = new QPushButton(String(pell::ids::NtripSelect));
+    auto* advanced = new QPushButton(String(pell::ids::NtripAdvanced));
     MaskPassword(password);
     m_state->setWordWrap(true);
     error->setWordWrap(true);
@@ -76,6 +77,10 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     state->addRow(String(pell::ids::NtripProxyServer) + QLatin1Char(':'), m_proxyLine);
     state->addRow(String(pell::ids::NtripLastError), error);
     page->addStretch();
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(advanced);
+    page->addLayout(buttons);
 
     BindChoice(m_function, QStringLiteral("ntrip/mode"), TableOf(NtripMode::ENtripMode{}));
     BindChoice(dataPort, QStringLiteral("ntrip/data/port"), TableOf(ECom{}));
@@ -112,6 +117,14 @@ void CNtrip_ClientPP::SelectMountpoint() {
         m_inputMode->setCurrentIndex(m_inputMode->findData(TableOf(IMode::EIMode{}).Text(format)));
 }
 
+void CNtrip_ClientPP::EditAdvanced() {
+    RunParameterDialog<CNtrip_Client_AdvancedDlg>(*this, [this](CNtrip_Client_AdvancedDlg& dialog) {
+        m_proxy->setText(dialog.Proxy());
+        m_proxyPort->setText(dialog.ProxyPort());
+        ShowAddresses();
+    });
+}
+
 bool CNtrip_ClientPP::OnApply() {
     const bool applied = CParameterPage::OnApply();
     if (applied)
@@ -131,6 +144,44 @@ void CNtrip_ClientPP::OnValuesRead() {
 void CNtrip_ClientPP::ShowAddresses() {
     m_casterLine->setText(AddressLine(m_caster->text(), QString::number(m_casterPort->value())));
     m_proxyLine->setText(AddressLine(m_proxy->text(), m_proxyPort->text()));
+}
+
+CNtrip_Client_AdvancedDlg::CNtrip_Client_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
+                                                     QWidget* parent)
+    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvancedDialog), parent),
+      m_proxy(new QLineEdit), m_proxyPort(CParameterPage::PortBox(0)) {
+    auto* protocol = new QComboBox;
+    auto* nmea = CParameterPage::SpinBox(0, 3600);
+    auto* init = new QComboBox;
+    nmea->setSpecialValueText(String(pell::ids::NtripNmeaOff));
+    m_proxy->setMinimumWidth(m_proxy->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 28);
+
+    auto* page = new QVBoxLayout(&Body());
+    QFormLayout* caster =
+        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripCaster), page));
+    caster->addRow(String(pell::ids::NtripProtocol), protocol);
+    caster->addRow(String(pell::ids::NtripNmeaPeriod), nmea);
+    caster->addRow(String(pell::ids::NtripInit), init);
+    QFormLayout* proxy =
+        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripProxyServer), page));
+    proxy->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    proxy->addRow(String(pell::ids::NtripAddress), m_proxy);
+    proxy->addRow(String(pell::ids::NtripPort), m_proxyPort);
+
+    Body().BindChoice(protocol, QStringLiteral("ntrip/caster/protocol"),
+                      TableOf(NtripProtocol::ENtripProtocol{}));
+    Body().BindSigned(nmea, QStringLiteral("ntrip/caster/nmea"));
+    Body().BindChoice(init, QStringLiteral("ntrip/caster/init"), TableOf(NtripInit::ENtripInit{}));
+    Body().BindText(m_proxy, QStringLiteral("ntrip/caster/proxy/addr"));
+    Body().BindUnsigned(m_proxyPort, QStringLiteral("ntrip/caster/proxy/port"));
+}
+
+QString CNtrip_Client_AdvancedDlg::Proxy() const {
+    return m_proxy->text();
+}
+
+QString CNtrip_Client_AdvancedDlg::ProxyPort() const {
+    return QString::number(m_proxyPort->value());
 }
 
 CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "config/ParameterDialog.h"
 #include "config/ParameterPage.h"
 #include "config/ParameterSheet.h"
 #include "lib/pell_export.h"
@@ -20,6 +21,8 @@ public:
 
     // Opens the source table's list and takes the mount point chosen there.
     void SelectMountpoint();
+    // Opens the advanced dialog; the proxy line shows what it wrote.
+    void EditAdvanced();
 
 protected:
     bool OnApply() override;
@@ -39,6 +42,22 @@ private:
     QLabel* m_state;
     QLabel* m_casterLine;
     QLabel* m_proxyLine;
+};
+
+// How the client talks to its caster: protocol, position reports, initialisation, and the proxy
+// server between them.
+class PELL_EXPORT CNtrip_Client_AdvancedDlg : public CParameterDialog {
+    Q_OBJECT
+public:
+    explicit CNtrip_Client_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
+                                       QWidget* parent = nullptr);
+
+    QString Proxy() const;
+    QString ProxyPort() const;
+
+private:
+    QLineEdit* m_proxy;
+    QSpinBox* m_proxyPort;
 };
 
 // The NTRIP sheet.

@@ -206,7 +206,9 @@ CNtrip_Client_SelectMountpointDlg::CNtrip_Client_SelectMountpointDlg(
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setObjectName(QStringLiteral("okButton"));
     ok->setEnabled(false);
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cancelButton"));
 
     auto* layout = new QVBoxLayout(this);
     auto* filterRow = new QFormLayout;
@@ -222,6 +224,11 @@ CNtrip_Client_SelectMountpointDlg::CNtrip_Client_SelectMountpointDlg(
     connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
         static_cast<CStreamFilter*>(m_proxy)->SetWords(text);
         UpdateCount();
+        // Narrowed to one stream: it is the one, and Enter takes it.
+        if (m_proxy->rowCount() == 1)
+            m_view->selectionModel()->select(m_proxy->index(0, 0),
+                                             QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
     });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this, ok] { ok->setEnabled(Selected().has_value()); });

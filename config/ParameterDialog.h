@@ -6,6 +6,7 @@
 #include "receiver/SettingsRestorer.h"
 #include "receiver/VexReceiverMate.h"
 
+#include <functional>
 #include <memory>
 
 // A dialog of receiver parameters over OK and Cancel. Its controls are bound in a parameter
@@ -43,11 +44,16 @@ private:
 };
 
 // Opens a parameter dialog from a page and marks the page modified when the dialog wrote, so the
-// sheet's Apply keeps the values and its Cancel puts them back. Returns IDOK or IDCANCEL.
-template <class Dialog> int RunParameterDialog(CParameterPage& page) {
+// sheet's Apply keeps the values and its Cancel puts them back; `written` then lets the page show
+// what the dialog wrote. Returns IDOK or IDCANCEL.
+template <class Dialog>
+int RunParameterDialog(
+    CParameterPage& page, const std::function<void(Dialog&)>& written = [](Dialog&) {}) {
     CPellWindow<Dialog> dialog(page.GetReceiver(), &page);
     const int result = dialog.exec();
-    if (dialog.Wrote())
+    if (dialog.Wrote()) {
         page.SetModified(true);
+        written(dialog);
+    }
     return result;
 }

@@ -67,6 +67,8 @@ void CParameterPage::Add(Binding binding) {
 
 void CParameterPage::BindChoice(QComboBox* box, const QString& path,
                                 const rxio::vex::EnumTable& table) {
+    // A receiver word the table lacks joins the list: the box grows to show it whole.
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (int value = 0; value < table.Count(); ++value)
         box->addItem(ulm_std::CTranslatorInstance::Ref().XlateEx(table.Name(value)),
                      table.Text(value));
@@ -121,8 +123,8 @@ QSpinBox* CParameterPage::SpinBox(int minimum, int maximum) {
     return box;
 }
 
-QSpinBox* CParameterPage::PortBox() {
-    QSpinBox* box = SpinBox(1, 65535);
+QSpinBox* CParameterPage::PortBox(int minimum) {
+    QSpinBox* box = SpinBox(minimum, 65535);
     box->setGroupSeparatorShown(false);
     return box;
 }

@@ -61,8 +61,8 @@ public:
     static QFormLayout* Form(QWidget* parent);
     static QGroupBox* Group(const QString& title, QBoxLayout* into);
     static QSpinBox* SpinBox(int minimum, int maximum);
-    // A network port number, 1 to 65535: written without group separators, as ports are.
-    static QSpinBox* PortBox();
+    // A network port number up to 65535: written without group separators, as ports are.
+    static QSpinBox* PortBox(int minimum = 1);
     static QDoubleSpinBox* RealBox(double minimum, double maximum, int decimals);
 
     // Reads every bound parameter again; the user's unapplied changes are dropped.

@@ -64,12 +64,6 @@ QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
 
-QComboBox* ComboBox() {
-    auto* box = new QComboBox;
-    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    return box;
-}
-
 QTreeWidget* List(const QStringList& columns) {
     auto* list = new QTreeWidget;
     list->setHeaderLabels(columns);
@@ -224,7 +218,7 @@ QWidget* CReceiverPortPage::BindMode(const ReceiverPort& port, const char* leaf,
         BindShown(label, path, &table);
         return label;
     }
-    QComboBox* box = ComboBox();
+    auto* box = new QComboBox;
     BindChoice(box, path, table);
     return box;
 }
@@ -517,10 +511,10 @@ CReceiverPorts_SerialPP::CReceiverPorts_SerialPP(std::shared_ptr<rxio::IReceiver
     : CReceiverPortGeneralPP(std::move(receiver),
                              String(pell::ids::PortsSerialPage).arg(Letter(port.path)), {port},
                              controller, parent) {
-    auto* rate = ComboBox();
-    auto* bits = ComboBox();
-    auto* stops = ComboBox();
-    auto* parity = ComboBox();
+    auto* rate = new QComboBox;
+    auto* bits = new QComboBox;
+    auto* stops = new QComboBox;
+    auto* parity = new QComboBox;
     auto* rtscts = new QCheckBox(String(pell::ids::PortsRtsCts));
     auto* line = new QGroupBox(String(pell::ids::PortsSerialGroup));
     QFormLayout* form = Form(line);
@@ -618,8 +612,8 @@ CReceiverPortComModemPP::CReceiverPortComModemPP(std::shared_ptr<rxio::IReceiver
     const auto path = [&modem](const char* leaf) {
         return modem.path + QLatin1String(leaf);
     };
-    auto* port = ComboBox();
-    auto* mode = ComboBox();
+    auto* port = new QComboBox;
+    auto* mode = new QComboBox;
     auto* open = new QCheckBox(String(pell::ids::PortsModemOpen));
     auto* profile = new QLineEdit;
     profile->setMaxLength(32);

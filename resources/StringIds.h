@@ -303,6 +303,12 @@ constexpr unsigned NtripProxyServer = 61833;
 constexpr unsigned NtripLastError = 61834;
 constexpr unsigned NtripAddressLine = 61835;
 constexpr unsigned NtripNotSet = 61836;
+constexpr unsigned NtripAdvanced = 61837;
+constexpr unsigned NtripAdvancedDialog = 61838;
+constexpr unsigned NtripProtocol = 61839;
+constexpr unsigned NtripNmeaPeriod = 61840;
+constexpr unsigned NtripInit = 61841;
+constexpr unsigned NtripNmeaOff = 61842;
 // Receiver ports sheet.
 constexpr unsigned PortsSheet = 61630;
 constexpr unsigned PortsSerialPage = 61631;

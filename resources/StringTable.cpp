@@ -382,6 +382,12 @@ constexpr StringEntry kEntries[] = {
     {61834, QT_TRANSLATE_NOOP3("PellLib", "Last Error:", "61834")},
     {61835, QT_TRANSLATE_NOOP3("PellLib", "%1 : %2", "61835")},
     {61836, QT_TRANSLATE_NOOP3("PellLib", "Not set", "61836")},
+    {61837, QT_TRANSLATE_NOOP3("PellLib", "Advanced…", "61837")},
+    {61838, QT_TRANSLATE_NOOP3("PellLib", "Advanced", "61838")},
+    {61839, QT_TRANSLATE_NOOP3("PellLib", "Protocol:", "61839")},
+    {61840, QT_TRANSLATE_NOOP3("PellLib", "Position Report, s:", "61840")},
+    {61841, QT_TRANSLATE_NOOP3("PellLib", "Initialization:", "61841")},
+    {61842, QT_TRANSLATE_NOOP3("PellLib", "Off", "61842")},
 };
 
 } // namespace

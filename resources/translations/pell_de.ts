@@ -1689,6 +1689,36 @@
         <comment>61630</comment>
         <translation>Empfängerschnittstellen</translation>
     </message>
+    <message>
+        <source>Advanced…</source>
+        <comment>61837</comment>
+        <translation>Erweitert…</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <comment>61838</comment>
+        <translation>Erweitert</translation>
+    </message>
+    <message>
+        <source>Protocol:</source>
+        <comment>61839</comment>
+        <translation>Protokoll:</translation>
+    </message>
+    <message>
+        <source>Position Report, s:</source>
+        <comment>61840</comment>
+        <translation>Positionsmeldung, s:</translation>
+    </message>
+    <message>
+        <source>Initialization:</source>
+        <comment>61841</comment>
+        <translation>Initialisierung:</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <comment>61842</comment>
+        <translation>Aus</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

@@ -1,3 +1,4 @@
+#include "SheetTesting.h"
 #include "SimulatedReceiver.h"
 #include "TestSupport.h"
 #include "config/ReceiverPortsPS.h"
@@ -20,14 +21,8 @@
 
 namespace {
 
+using namespace pell::test;
 using Sheet = CPellWindow<CReceiverPortsPS>;
-
-QStringList Titles(CReceiverPortsPS& sheet) {
-    QStringList titles;
-    for (int i = 0; i < sheet.GetPageCount(); ++i)
-        titles << sheet.GetPage(i)->GetTitle();
-    return titles;
-}
 
 template <class Page = CParameterPage>
 Page& PageTitled(CReceiverPortsPS& sheet, const char* title) {
@@ -35,17 +30,6 @@ Page& PageTitled(CReceiverPortsPS& sheet, const char* title) {
     EXPECT_GE(index, 0) << title;
     sheet.SetActivePage(index);
     return *static_cast<Page*>(sheet.GetPage(index));
-}
-
-void Click(QWidget& sheet, const char* button) {
-    sheet.findChild<QPushButton*>(QLatin1String(button))->click();
-}
-
-// The commands that changed the receiver since `before` commands had come in.
-QStringList WritesSince(pell::test::SimulatedReceiver& receiver, qsizetype before) {
-    const QStringList& received = receiver.Simulator().ReceivedCommands();
-    return received.mid(received.size() - (receiver.Simulator().ReceivedCount() - before))
-        .filter(QRegularExpression(QStringLiteral("^(?!print,|list,|out,)")));
 }
 
 // Whether a control of the page shows `text` as its value.

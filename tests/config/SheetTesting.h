@@ -1,15 +1,23 @@
 #pragma once
 
+#include "SimulatedReceiver.h"
+#include "config/ParameterDialog.h"
 #include "config/ParameterPage.h"
 #include "lib/PropertySheet.h"
+#include "receiver/VexReceiverMate.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QStringList>
+#include <QTimer>
+#include <functional>
+#include <type_traits>
 
 // What the tests of configuration sheets do the way a user would.
 namespace pell::test {
@@ -51,6 +59,30 @@ inline bool Change(QWidget* control) {
         return false;
     }
     return true;
+}
+
+// The commands that changed the receiver since it had received `before`: reads, and the probes
+// that send nothing out of a port, left out.
+inline QStringList WritesSince(SimulatedReceiver& receiver, qint64 before) {
+    const QStringList& received = receiver.Simulator().ReceivedCommands();
+    return received.mid(received.size() - (receiver.Simulator().ReceivedCount() - before))
+        .filter(QRegularExpression(QStringLiteral(R"(^(?!print,|list,|out,[^,]*,""$))")));
+}
+
+// Runs `drive` on the dialog that `open` shows modally, once it has read its values.
+template <class Dialog = CParameterDialog>
+void WithDialog(SimulatedReceiver& receiver, const std::function<void()>& open,
+                const std::function<void(std::type_identity_t<Dialog>&)>& drive) {
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (!dialog || CVexReceiverMate::IsPending(receiver.Receiver().get()))
+            return;
+        poll.stop();
+        drive(*dialog);
+    });
+    poll.start(10);
+    open();
 }
 
 } // namespace pell::test

@@ -23,28 +23,6 @@ QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
 
-// The commands the receiver got since it had received `before`, reads left out.
-QStringList WritesSince(SimulatedReceiver& receiver, qint64 before) {
-    const QStringList& received = receiver.Simulator().ReceivedCommands();
-    return received.mid(received.size() - (receiver.Simulator().ReceivedCount() - before))
-        .filter(QRegularExpression(QStringLiteral("^(?!print,|list,)")));
-}
-
-// Runs `drive` on the parameter dialog that `open` shows modally, once it has read its values.
-void WithDialog(SimulatedReceiver& receiver, const std::function<void()>& open,
-                const std::function<void(CParameterDialog&)>& drive) {
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<CParameterDialog*>(QApplication::activeModalWidget());
-        if (!dialog || CVexReceiverMate::IsPending(receiver.Receiver().get()))
-            return;
-        poll.stop();
-        drive(*dialog);
-    });
-    poll.start(10);
-    open();
-}
-
 // Changes the first control of the dialog that can change; the command it would write.
 QString ChangeOne(CParameterDialog& dialog) {
     for (QWidget* control : dialog.Body().findChildren<QWidget*>())

@@ -1,0 +1,97 @@
+#include "SheetTesting.h"
+#include "SimulatedReceiver.h"
+#include "config/NtripPS.h"
+#include "config/Ntrip_Client_SelectMountpointDlg.h"
+#include "lib/Common.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSortFilterProxyModel>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace pell::test;
+using Sheet = CPellWindow<CNtripPS>;
+
+bool Shows(const QWidget& page, const QString& text) {
+    for (const QLabel* label : page.findChildren<QLabel*>())
+        if (label->isVisibleTo(&page) && label->text() == text)
+            return true;
+    return false;
+}
+
+// Every control of every page, changed alone, sends exactly the one command of its kind.
+TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
+    SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    const QRegularExpression command(QStringLiteral(
+        R"(^set,(ntrip|dev/ntrip/a|/app/ntrip)/[a-z0-9/]+,([0-9]+|/?[a-z0-9/]+|"[^"]*")$)"));
+    QStringList written;
+    for (int index = 0; index < sheet.GetPageCount(); ++index) {
+        CParameterPage& page = Page(sheet, index);
+        for (QWidget* control : page.findChildren<QWidget*>()) {
+            if (!control->isVisible() || !control->isEnabled() || !Change(control))
+                continue;
+            const QStringList pending = page.PendingCommands();
+            ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
+            EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
+            const qint64 before = receiver.Simulator().ReceivedCount();
+            Click(sheet, "applyButton");
+            EXPECT_EQ(WritesSince(receiver, before), pending);
+            written << pending;
+        }
+    }
+    for (const char* expected : {"set,ntrip/mode,client", "set,ntrip/caster/port,2102",
+                                 "set,ntrip/caster/passwd,\"X\"", "set,dev/ntrip/a/imode,cmr"})
+        EXPECT_TRUE(written.contains(QLatin1String(expected))) << expected;
+}
+
+// A stream chosen from the caster's table becomes the mount point, with the input mode of its
+// format; the advanced dialog's proxy shows on the page once written; the state follows.
+TEST(NtripSheetTest, TheClientTakesItsStreamFromTheTableAndShowsWhereItConnects) {
+    SimulatedReceiver receiver(QStringLiteral("lumen7"));
+    CVexReceiverMate(receiver.Receiver())
+        .Run(QStringLiteral("set,ntrip/mode,client;") +
+             pell::vexcmd::SetText(QStringLiteral("ntrip/caster/addr"),
+                                   QStringLiteral("caster.example.net")));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    auto& client = static_cast<CNtrip_ClientPP&>(Page(sheet, 0));
+    EXPECT_TRUE(Shows(client, ulm_std::CTranslatorInstance::Ref().XlateEx(
+                                  rxio::vex::TableOf(rxio::vex::NtripState::ENtripState{})
+                                      .Name(rxio::vex::NtripState::Sleep))));
+    EXPECT_TRUE(Shows(client, QStringLiteral("no mount point")));
+
+    WithDialog<CNtrip_Client_SelectMountpointDlg>(
+        receiver, [&] { client.SelectMountpoint(); },
+        [](CNtrip_Client_SelectMountpointDlg& dialog) {
+            dialog.Filter().setText(QStringLiteral("DGPS"));
+            ASSERT_EQ(dialog.List().rowCount(), 1);
+            Click(dialog, "okButton");
+        });
+    EXPECT_EQ(client.PendingCommands(), (QStringList{"set,ntrip/caster/mountpt,\"DGPS_RTCM2\"",
+                                                     "set,dev/ntrip/a/imode,rtcm"}));
+    Click(sheet, "applyButton");
+    EXPECT_EQ(receiver.Value(QStringLiteral("ntrip/state")), QStringLiteral("data"));
+
+    WithDialog(
+        receiver, [&] { client.EditAdvanced(); },
+        [](CParameterDialog& dialog) {
+            // The one text field: the others are number boxes.
+            for (QLineEdit* proxy : dialog.Body().findChildren<QLineEdit*>())
+                if (!qobject_cast<QAbstractSpinBox*>(proxy->parentWidget())) {
+                    proxy->setText(QStringLiteral("proxy.example.net"));
+                    emit proxy->textEdited(proxy->text());
+                }
+            Click(dialog, "okButton");
+        });
+    EXPECT_EQ(receiver.Value(QStringLiteral("ntrip/caster/proxy/addr")),
+              QStringLiteral("\"proxy.example.net\""));
+    EXPECT_TRUE(Shows(client, QStringLiteral("proxy.example.net : 0")));
+}
+
+} // namespace
