@@ -6,6 +6,7 @@
 #include "lib/PellLib.h"
 #include "resources/StringIds.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -184,6 +185,118 @@ QString CNtrip_Client_AdvancedDlg::ProxyPort() const {
     return QString::number(m_proxyPort->value());
 }
 
+CNtrip_ServerLegacyPP::CNtrip_ServerLegacyPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                             QWidget* parent)
+    : CParameterPage(std::move(receiver), String(pell::ids::NtripServerPage), parent) {
+    auto* caster = new QLineEdit;
+    auto* port = PortBox();
+    auto* mountpoint = new QLineEdit;
+    auto* description = new QLineEdit;
+    auto* user = new QLineEdit;
+    auto* password = new QLineEdit;
+    auto* protocol = new QComboBox;
+    auto* proxy = new QLineEdit;
+    auto* proxyPort = PortBox(0);
+    MaskPassword(password);
+
+    auto* page = new QVBoxLayout(this);
+    QFormLayout* server = Form(Group(String(pell::ids::NtripCaster), page));
+    server->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    server->addRow(String(pell::ids::NtripAddress), caster);
+    server->addRow(String(pell::ids::NtripPort), port);
+    server->addRow(String(pell::ids::NtripMountpoint), mountpoint);
+    server->addRow(String(pell::ids::NtripDescription), description);
+    server->addRow(String(pell::ids::NtripUser), user);
+    server->addRow(String(pell::ids::NtripPassword), password);
+    server->addRow(String(pell::ids::NtripProtocol), protocol);
+    QFormLayout* proxyForm = Form(Group(String(pell::ids::NtripProxyServer), page));
+    proxyForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    proxyForm->addRow(String(pell::ids::NtripAddress), proxy);
+    proxyForm->addRow(String(pell::ids::NtripPort), proxyPort);
+    page->addStretch();
+
+    BindText(caster, QStringLiteral("ntrip/server/addr"));
+    BindUnsigned(port, QStringLiteral("ntrip/server/port"));
+    BindText(mountpoint, QStringLiteral("ntrip/server/mountpt/name"));
+    BindText(description, QStringLiteral("ntrip/server/mountpt/descr"));
+    BindText(user, QStringLiteral("ntrip/server/user"));
+    BindText(password, QStringLiteral("ntrip/server/passwd"));
+    BindChoice(protocol, QStringLiteral("ntrip/server/protocol"),
+               TableOf(NtripProtocol::ENtripProtocol{}));
+    BindText(proxy, QStringLiteral("ntrip/server/proxy/addr"));
+    BindUnsigned(proxyPort, QStringLiteral("ntrip/server/proxy/port"));
+}
+
+QString CNtrip_ServerPP::Path(int server, const char* leaf) {
+    return QStringLiteral("/app/ntrip/server/%1/").arg(server) + QLatin1String(leaf);
+}
+
+CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int server,
+                                 QWidget* parent)
+    : CParameterPage(std::move(receiver), String(pell::ids::NtripServerNumbered).arg(server),
+                     parent),
+      m_server(server) {
+    auto* enable = new QCheckBox(String(pell::ids::NtripServerEnable));
+    auto* caster = new QLineEdit;
+    auto* port = PortBox();
+    auto* mountpoint = new QLineEdit;
+    auto* user = new QLineEdit;
+    auto* password = new QLineEdit;
+    auto* advanced = new QPushButton(String(pell::ids::NtripAdvanced));
+    MaskPassword(password);
+
+    auto* page = new QVBoxLayout(this);
+    page->addWidget(enable);
+    QFormLayout* form = Form(Group(String(pell::ids::NtripCaster), page));
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->addRow(String(pell::ids::NtripAddress), caster);
+    form->addRow(String(pell::ids::NtripPort), port);
+    form->addRow(String(pell::ids::NtripMountpoint), mountpoint);
+    form->addRow(String(pell::ids::NtripUser), user);
+    form->addRow(String(pell::ids::NtripPassword), password);
+    page->addStretch();
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(advanced);
+    page->addLayout(buttons);
+
+    BindSwitch(enable, Path(server, "mode"));
+    BindText(caster, Path(server, "addr"));
+    BindUnsigned(port, Path(server, "port"));
+    BindText(mountpoint, Path(server, "mountpt"));
+    BindText(user, Path(server, "user"));
+    BindText(password, Path(server, "passwd"));
+    connect(advanced, &QPushButton::clicked, this, [this] {
+        RunUserAction([this] { RunParameterDialog<CNtrip_Server_AdvancedDlg>(*this); });
+    });
+}
+
+CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
+                                                     CParameterPage* parent)
+    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvancedDialog), parent) {
+    const auto* page = qobject_cast<const CNtrip_ServerPP*>(parent);
+    const int server = page ? page->Server() : 1;
+    auto* protocol = new QComboBox;
+    auto* proxy = new QLineEdit;
+    auto* proxyPort = CParameterPage::PortBox(0);
+    proxy->setMinimumWidth(proxy->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 28);
+
+    auto* layout = new QVBoxLayout(&Body());
+    QFormLayout* caster =
+        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripCaster), layout));
+    caster->addRow(String(pell::ids::NtripProtocol), protocol);
+    QFormLayout* proxyForm =
+        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripProxyServer), layout));
+    proxyForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    proxyForm->addRow(String(pell::ids::NtripAddress), proxy);
+    proxyForm->addRow(String(pell::ids::NtripPort), proxyPort);
+
+    Body().BindChoice(protocol, CNtrip_ServerPP::Path(server, "protocol"),
+                      TableOf(NtripProtocol::ENtripProtocol{}));
+    Body().BindText(proxy, CNtrip_ServerPP::Path(server, "proxy/addr"));
+    Body().BindUnsigned(proxyPort, CNtrip_ServerPP::Path(server, "proxy/port"));
+}
+
 CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterSheet(
           receiver, String(pell::ids::NtripSheet),
@@ -191,6 +304,13 @@ CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
           parent) {
     if (Knows(QStringLiteral("ntrip/caster")))
         AddPage(new CNtrip_ClientPP(receiver));
+    // Current firmware runs its servers as applications; older firmware has the one server.
+    if (Knows(CNtrip_ServerPP::Path(1, "mode"))) {
+        for (int server = 1; Knows(CNtrip_ServerPP::Path(server, "mode")); ++server)
+            AddPage(new CNtrip_ServerPP(receiver, server));
+    } else if (Knows(QStringLiteral("ntrip/server"))) {
+        AddPage(new CNtrip_ServerLegacyPP(receiver));
+    }
 }
 
 int run_NtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent) {

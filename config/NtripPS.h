@@ -60,6 +60,39 @@ private:
     QSpinBox* m_proxyPort;
 };
 
+// The receiver's NTRIP server of older firmware, one per receiver: the caster it sends its data to,
+// the mount point it announces and its account there.
+class PELL_EXPORT CNtrip_ServerLegacyPP : public CParameterPage {
+    Q_OBJECT
+public:
+    explicit CNtrip_ServerLegacyPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                   QWidget* parent = nullptr);
+};
+
+// One of the NTRIP servers of current firmware ("/app/ntrip/server/<n>"): whether it runs, the
+// caster, mount point and account; protocol and proxy in its advanced dialog.
+class PELL_EXPORT CNtrip_ServerPP : public CParameterPage {
+    Q_OBJECT
+public:
+    CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int server,
+                    QWidget* parent = nullptr);
+
+    int Server() const { return m_server; }
+    // "/app/ntrip/server/<n>/<leaf>".
+    static QString Path(int server, const char* leaf);
+
+private:
+    int m_server;
+};
+
+// A server's protocol and the proxy between it and its caster: the server of the page that
+// opens it.
+class PELL_EXPORT CNtrip_Server_AdvancedDlg : public CParameterDialog {
+    Q_OBJECT
+public:
+    CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver, CParameterPage* parent);
+};
+
 // The NTRIP sheet.
 class PELL_EXPORT CNtripPS : public CParameterSheet {
     Q_OBJECT

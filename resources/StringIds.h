@@ -309,6 +309,10 @@ constexpr unsigned NtripProtocol = 61839;
 constexpr unsigned NtripNmeaPeriod = 61840;
 constexpr unsigned NtripInit = 61841;
 constexpr unsigned NtripNmeaOff = 61842;
+constexpr unsigned NtripServerPage = 61843;
+constexpr unsigned NtripServerNumbered = 61844;
+constexpr unsigned NtripServerEnable = 61845;
+constexpr unsigned NtripDescription = 61846;
 // Receiver ports sheet.
 constexpr unsigned PortsSheet = 61630;
 constexpr unsigned PortsSerialPage = 61631;

@@ -388,6 +388,10 @@ constexpr StringEntry kEntries[] = {
     {61840, QT_TRANSLATE_NOOP3("PellLib", "Position Report, s:", "61840")},
     {61841, QT_TRANSLATE_NOOP3("PellLib", "Initialization:", "61841")},
     {61842, QT_TRANSLATE_NOOP3("PellLib", "Off", "61842")},
+    {61843, QT_TRANSLATE_NOOP3("PellLib", "Server", "61843")},
+    {61844, QT_TRANSLATE_NOOP3("PellLib", "Server %1", "61844")},
+    {61845, QT_TRANSLATE_NOOP3("PellLib", "Send the receiver's data to the caster", "61845")},
+    {61846, QT_TRANSLATE_NOOP3("PellLib", "Description:", "61846")},
 };
 
 } // namespace

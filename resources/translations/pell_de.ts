@@ -1719,6 +1719,26 @@
         <comment>61842</comment>
         <translation>Aus</translation>
     </message>
+    <message>
+        <source>Server</source>
+        <comment>61843</comment>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Server %1</source>
+        <comment>61844</comment>
+        <translation>Server %1</translation>
+    </message>
+    <message>
+        <source>Send the receiver&apos;s data to the caster</source>
+        <comment>61845</comment>
+        <translation>Daten des Empfängers an den Caster senden</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <comment>61846</comment>
+        <translation>Beschreibung:</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

@@ -3,13 +3,16 @@
 #include "config/NtripPS.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "lib/Common.h"
+#include "lib/PellLib.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
+#include "resources/StringIds.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -23,31 +26,54 @@ bool Shows(const QWidget& page, const QString& text) {
     return false;
 }
 
-// Every control of every page, changed alone, sends exactly the one command of its kind.
+QString String(unsigned id) {
+    return g_PellLibApp.XLoadString(id);
+}
+
+// The pages each receiver has; every control of every page, changed alone, sends exactly the
+// one command of its kind.
 TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
-    SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
-    Sheet sheet(receiver.Receiver(), nullptr);
-    sheet.show();
+    const struct {
+        const char* profile;
+        QStringList titles;
+        std::vector<const char*> expected;
+    } cases[] = {
+        {"ostrel-q",
+         {String(pell::ids::NtripClientPage), String(pell::ids::NtripServerNumbered).arg(1),
+          String(pell::ids::NtripServerNumbered).arg(2)},
+         {"set,ntrip/mode,client", "set,ntrip/caster/port,2102", "set,ntrip/caster/passwd,\"X\"",
+          "set,dev/ntrip/a/imode,cmr", "set,/app/ntrip/server/2/mode,on"}},
+        {"lumen7",
+         {String(pell::ids::NtripClientPage), String(pell::ids::NtripServerPage)},
+         {"set,ntrip/server/mountpt/descr,\"X\"", "set,ntrip/server/protocol,v2",
+          "set,ntrip/server/proxy/port,1"}},
+    };
     const QRegularExpression command(QStringLiteral(
         R"(^set,(ntrip|dev/ntrip/a|/app/ntrip)/[a-z0-9/]+,([0-9]+|/?[a-z0-9/]+|"[^"]*")$)"));
-    QStringList written;
-    for (int index = 0; index < sheet.GetPageCount(); ++index) {
-        CParameterPage& page = Page(sheet, index);
-        for (QWidget* control : page.findChildren<QWidget*>()) {
-            if (!control->isVisible() || !control->isEnabled() || !Change(control))
-                continue;
-            const QStringList pending = page.PendingCommands();
-            ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
-            EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
-            const qint64 before = receiver.Simulator().ReceivedCount();
-            Click(sheet, "applyButton");
-            EXPECT_EQ(WritesSince(receiver, before), pending);
-            written << pending;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.profile);
+        SimulatedReceiver receiver(QString::fromLatin1(c.profile));
+        Sheet sheet(receiver.Receiver(), nullptr);
+        sheet.show();
+        EXPECT_EQ(Titles(sheet), c.titles);
+        QStringList written;
+        for (int index = 0; index < sheet.GetPageCount(); ++index) {
+            CParameterPage& page = Page(sheet, index);
+            for (QWidget* control : page.findChildren<QWidget*>()) {
+                if (!control->isVisible() || !control->isEnabled() || !Change(control))
+                    continue;
+                const QStringList pending = page.PendingCommands();
+                ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
+                EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
+                const qint64 before = receiver.Simulator().ReceivedCount();
+                Click(sheet, "applyButton");
+                EXPECT_EQ(WritesSince(receiver, before), pending);
+                written << pending;
+            }
         }
+        for (const char* expected : c.expected)
+            EXPECT_TRUE(written.contains(QLatin1String(expected))) << expected;
     }
-    for (const char* expected : {"set,ntrip/mode,client", "set,ntrip/caster/port,2102",
-                                 "set,ntrip/caster/passwd,\"X\"", "set,dev/ntrip/a/imode,cmr"})
-        EXPECT_TRUE(written.contains(QLatin1String(expected))) << expected;
 }
 
 // A stream chosen from the caster's table becomes the mount point, with the input mode of its
