@@ -47,12 +47,12 @@ struct Link {
 using Dialog = CPellWindow<CNtrip_Client_SelectMountpointDlg>;
 
 void ParseSourceTable(benchmark::State& state) {
-    const std::string text = rxsim::MakeSourceTable(kStreams);
+    const QString text = rxsim::MakeSourceTable(kStreams);
     for (auto _ : state) {
         ntrip::SourceTable table = ntrip::ParseSourceTable(text);
         benchmark::DoNotOptimize(table.streams.data());
     }
-    state.SetBytesProcessed(std::int64_t(state.iterations()) * std::int64_t(text.size()));
+    state.SetBytesProcessed(std::int64_t(state.iterations()) * std::int64_t(text.toUtf8().size()));
 }
 BENCHMARK(ParseSourceTable)->Unit(benchmark::kMillisecond);
 

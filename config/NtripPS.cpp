@@ -46,6 +46,8 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     auto* error = new QLabel;
     auto* select = new QPushButton(String(pell::ids::NtripSelect));
     auto* advanced = new QPushButton(String(pell::ids::NtripAdvanced));
+    select->setObjectName(QStringLiteral("selectButton"));
+    advanced->setObjectName(QStringLiteral("advancedButton"));
     MaskPassword(password);
     m_state->setWordWrap(true);
     error->setWordWrap(true);
@@ -74,8 +76,8 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
 
     QFormLayout* state = Form(Group(String(pell::ids::NtripStateGroup), page));
     state->addRow(m_state);
-    state->addRow(String(pell::ids::NtripCaster) + QLatin1Char(':'), m_casterLine);
-    state->addRow(String(pell::ids::NtripProxyServer) + QLatin1Char(':'), m_proxyLine);
+    state->addRow(String(pell::ids::NtripCasterLine), m_casterLine);
+    state->addRow(String(pell::ids::NtripProxyLine), m_proxyLine);
     state->addRow(String(pell::ids::NtripLastError), error);
     page->addStretch();
     auto* buttons = new QHBoxLayout;
@@ -98,6 +100,8 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
 
     connect(select, &QPushButton::clicked, this,
             [this] { RunUserAction([this] { SelectMountpoint(); }); });
+    connect(advanced, &QPushButton::clicked, this,
+            [this] { RunUserAction([this] { EditAdvanced(); }); });
 }
 
 void CNtrip_ClientPP::SelectMountpoint() {
@@ -149,7 +153,7 @@ void CNtrip_ClientPP::ShowAddresses() {
 
 CNtrip_Client_AdvancedDlg::CNtrip_Client_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
                                                      QWidget* parent)
-    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvancedDialog), parent),
+    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvanced), parent),
       m_proxy(new QLineEdit), m_proxyPort(CParameterPage::PortBox(0)) {
     auto* protocol = new QComboBox;
     auto* nmea = CParameterPage::SpinBox(0, 3600);
@@ -273,7 +277,7 @@ CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int 
 
 CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
                                                      CParameterPage* parent)
-    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvancedDialog), parent) {
+    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvanced), parent) {
     const auto* page = qobject_cast<const CNtrip_ServerPP*>(parent);
     const int server = page ? page->Server() : 1;
     auto* protocol = new QComboBox;

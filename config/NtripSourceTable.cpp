@@ -1,10 +1,11 @@
 #include "config/NtripSourceTable.h"
 
 #include "lib/PellLib.h"
+#include "receiver/VexCommands.h"
+#include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
 
 #include <QList>
-#include <QStringDecoder>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -15,21 +16,11 @@ namespace {
 
 constexpr double kMeanEarthRadiusKm = 6371.0088;
 
-QString Decode(std::string_view bytes) {
-    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; }))
-        return QString::fromLatin1(bytes.data(), qsizetype(bytes.size()));
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString text = utf8.decode(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
-    if (!utf8.hasError())
-        return text;
-    return QString::fromLatin1(bytes.data(), qsizetype(bytes.size()));
-}
-
-std::string_view Trimmed(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
-        text.remove_suffix(1);
+QStringView Trimmed(QStringView text) {
+    while (!text.empty() && (text.front() == u' ' || text.front() == u'\t'))
+        text = text.mid(1);
+    while (!text.empty() && (text.back() == u' ' || text.back() == u'\t' || text.back() == u'\r'))
+        text.chop(1);
     return text;
 }
 
@@ -154,23 +145,32 @@ std::vector<QString> SplitFields(QStringView line) {
     return fields;
 }
 
-bool StartsWith(std::string_view line, std::string_view prefix) {
-    return line.substr(0, prefix.size()) == prefix;
+bool StartsWith(QStringView line, const char* prefix) {
+    return line.startsWith(QLatin1String(prefix));
 }
 
-// Passes over a response head: a status line, headers, and the blank line after them.
-std::string_view WithoutHead(std::string_view text) {
+// The next line of `text` from `at`, without its line end; `at` moves past it.
+QStringView NextLine(QStringView text, qsizetype& at) {
+    qsizetype end = text.indexOf(u'\n', at);
+    if (end < 0)
+        end = text.size();
+    const QStringView line = Trimmed(text.mid(at, end - at));
+    at = end + 1;
+    return line;
+}
+
+// Passes over a response head: a status line, headers, and the blank line after them. A head
+// that never ends in a blank line is taken to be the status line alone.
+QStringView WithoutHead(QStringView text) {
     if (!StartsWith(text, "SOURCETABLE ") && !StartsWith(text, "HTTP/"))
         return text;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t end = text.find('\n', at);
-        if (end == std::string_view::npos)
-            return {};
-        if (Trimmed(text.substr(at, end - at)).empty())
-            return text.substr(end + 1);
-        at = end + 1;
-    }
-    return {};
+    qsizetype at = 0;
+    NextLine(text, at);
+    const qsizetype afterStatus = at;
+    while (at < text.size())
+        if (NextLine(text, at).empty())
+            return text.mid(at);
+    return text.mid(std::min(afterStatus, text.size()));
 }
 
 bool IsRtcm(QStringView format, QChar version) {
@@ -189,23 +189,19 @@ bool Stream::HasPosition() const {
     return !std::isnan(latitude) && !std::isnan(longitude);
 }
 
-SourceTable ParseSourceTable(std::string_view text) {
+SourceTable ParseSourceTable(QStringView text) {
     SourceTable table;
-    if (text.size() > kMaxTableBytes) {
-        text = text.substr(0, kMaxTableBytes);
+    if (text.size() > kMaxTableChars) {
+        text = text.left(kMaxTableChars);
         table.truncated = true;
     }
     text = WithoutHead(text);
     std::size_t records = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        std::size_t end = text.find('\n', at);
-        if (end == std::string_view::npos)
-            end = text.size();
-        const std::string_view line = Trimmed(text.substr(at, end - at));
-        at = end + 1;
+    for (qsizetype at = 0; at < text.size();) {
+        const QStringView line = NextLine(text, at);
         if (line.empty())
             continue;
-        if (line == "ENDSOURCETABLE") {
+        if (line == QLatin1String("ENDSOURCETABLE")) {
             table.complete = true;
             break;
         }
@@ -214,22 +210,21 @@ SourceTable ParseSourceTable(std::string_view text) {
             break;
         }
         const bool known =
-            line.size() <= kMaxLineBytes &&
+            line.size() <= kMaxLineChars &&
             (StartsWith(line, "STR;") || StartsWith(line, "CAS;") || StartsWith(line, "NET;"));
         if (!known) {
             ++table.skippedLines;
             continue;
         }
-        std::vector<QString> fields = SplitFields(Decode(line));
-        const std::string_view type = line.substr(0, 3);
-        if (type == "STR") {
+        std::vector<QString> fields = SplitFields(line);
+        if (StartsWith(line, "STR")) {
             Stream stream = StreamOf(Fields(std::move(fields), 19));
             if (stream.mountpoint.trimmed().isEmpty()) {
                 ++table.skippedLines;
                 continue;
             }
             table.streams.push_back(std::move(stream));
-        } else if (type == "CAS") {
+        } else if (StartsWith(line, "CAS")) {
             table.casters.push_back(CasterOf(Fields(std::move(fields), 12)));
         } else {
             table.networks.push_back(NetworkOf(Fields(std::move(fields), 9)));
@@ -237,6 +232,15 @@ SourceTable ParseSourceTable(std::string_view text) {
         ++records;
     }
     return table;
+}
+
+SourceTable ReadSourceTable(const std::shared_ptr<rxio::IReceiver>& receiver,
+                            std::stop_token cancel) {
+    CVexReceiverMate mate(receiver);
+    mate.SetTimeout(kReadTimeoutMs);
+    mate.SetCancel(std::move(cancel));
+    return ParseSourceTable(mate.Run(pell::vexcmd::Print(QStringLiteral("ntrip/caster/table")),
+                                     CVexReceiverMate::RemoveQuotes));
 }
 
 bool IsRtcm2(QStringView format) {

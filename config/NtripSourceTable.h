@@ -1,12 +1,14 @@
 #pragma once
 
 #include "lib/pell_export.h"
+#include "rxio/Receiver.h"
 
 #include <QString>
 #include <QStringView>
 #include <cstddef>
 #include <limits>
-#include <string_view>
+#include <memory>
+#include <stop_token>
 #include <vector>
 
 // An NTRIP caster's source table as the receiver hands it on: "STR", "CAS" and "NET" records of
@@ -17,9 +19,12 @@ namespace ntrip {
 
 // Bounds on what a table may hold; a real caster's table of several thousand streams is well
 // inside them. Beyond them the rest is left out and the table says it was cut.
-constexpr std::size_t kMaxTableBytes = 8u << 20;
+constexpr qsizetype kMaxTableChars = 8 << 20;
 constexpr std::size_t kMaxRecords = 50000;
-constexpr std::size_t kMaxLineBytes = 4096;
+constexpr qsizetype kMaxLineChars = 4096;
+// How long the receiver may take to hand on its table: a large one over a serial link at
+// 115200 baud takes about a minute.
+constexpr int kReadTimeoutMs = 300000;
 
 constexpr double kUnknownCoordinate = std::numeric_limits<double>::quiet_NaN();
 
@@ -83,10 +88,15 @@ struct PELL_EXPORT SourceTable {
     bool truncated = false;       // the table went beyond the bounds; the rest was left out
 };
 
-// Splits the table's text (UTF-8, or Latin-1 where it is no valid UTF-8) into its records. An
-// HTTP-style response head ("SOURCETABLE 200 OK", headers, blank line) before the records is
-// passed over. Fields may be quoted to hold semicolons ("a;b", with "" for a quotation mark).
-PELL_EXPORT SourceTable ParseSourceTable(std::string_view text);
+// Splits the table's text into its records. An HTTP-style response head ("SOURCETABLE 200 OK",
+// headers, blank line) before the records is passed over. Fields may be quoted to hold
+// semicolons ("a;b", with "" for a quotation mark).
+PELL_EXPORT SourceTable ParseSourceTable(QStringView text);
+
+// The table the receiver fetched from its caster ("ntrip/caster/table"), read on the window's
+// thread; a stop requested on `cancel` ends the waiting with ERROR_CANCELLED.
+PELL_EXPORT SourceTable ReadSourceTable(const std::shared_ptr<rxio::IReceiver>& receiver,
+                                        std::stop_token cancel = {});
 
 // "RTCM2", "RTCM 2", "RTCM 2.3", ... and the same for RTCM 3; case does not matter.
 PELL_EXPORT bool IsRtcm2(QStringView format);

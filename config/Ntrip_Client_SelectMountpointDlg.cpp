@@ -1,6 +1,7 @@
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 
 #include "lib/Common.h"
+#include "lib/Exceptions.h"
 #include "lib/PellLib.h"
 #include "receiver/LiveData.h"
 #include "receiver/VexReceiverMate.h"
@@ -237,7 +238,7 @@ CNtrip_Client_SelectMountpointDlg::CNtrip_Client_SelectMountpointDlg(
             EndDialog(pell::IDOK);
     });
     connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(pell::IDOK); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(pell::IDCANCEL); });
+    connect(buttons, &QDialogButtonBox::rejected, this, &CNtrip_Client_SelectMountpointDlg::reject);
     m_observer->onFix = [this](double latitude, double longitude) {
         const bool first = !m_model->HasObserver();
         m_model->SetObserver(latitude, longitude);
@@ -255,13 +256,18 @@ CNtrip_Client_SelectMountpointDlg::~CNtrip_Client_SelectMountpointDlg() = defaul
 
 void CNtrip_Client_SelectMountpointDlg::OnInitDialog() {
     CPellDialog::OnInitDialog();
-    // The receiver hands on the table as it fetched it: a caster's table may be large, so the
-    // mate keeps the window responsive while it comes.
-    const QByteArray text =
-        CVexReceiverMate(GetReceiver())
-            .Run(QStringLiteral("print,ntrip/caster/table"), CVexReceiverMate::RemoveQuotes)
-            .toUtf8();
-    ntrip::SourceTable table = ntrip::ParseSourceTable(std::string_view(text.data(), text.size()));
+    // A caster's table may be large and the link slow: the window stays responsive while it
+    // comes, says so, and its Cancel stops the waiting.
+    m_count->setText(String(pell::ids::NtripReadingTable));
+    repaint();
+    ntrip::SourceTable table;
+    try {
+        table = ntrip::ReadSourceTable(GetReceiver(), m_stopReading.get_token());
+    } catch (const ulm_std::CWinException& e) {
+        if (e.GetErrorCode() == pell::ERROR_CANCELLED)
+            return;
+        throw;
+    }
     QStringList remarks;
     if (table.streams.empty())
         remarks << String(pell::ids::NtripTableEmpty);
@@ -279,6 +285,11 @@ void CNtrip_Client_SelectMountpointDlg::OnInitDialog() {
     GetReceiver()->RegisterPositionListener(m_observer);
     m_feed = std::make_unique<pell::CPositionFeed>(GetReceiver());
     m_filter->setFocus();
+}
+
+void CNtrip_Client_SelectMountpointDlg::reject() {
+    m_stopReading.request_stop();
+    CPellDialog::reject();
 }
 
 std::optional<ntrip::Stream> CNtrip_Client_SelectMountpointDlg::Selected() const {

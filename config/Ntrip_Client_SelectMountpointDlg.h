@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 class QLabel;
 class QLineEdit;
@@ -34,6 +35,9 @@ public:
     QSortFilterProxyModel& List() const { return *m_proxy; }
     QLineEdit& Filter() const { return *m_filter; }
 
+    // Cancel and Escape also stop a table still coming.
+    void reject() override;
+
 protected:
     void OnInitDialog() override;
 
@@ -49,6 +53,7 @@ private:
     QLabel* m_count;
     QLabel* m_remark;
     bool m_userSorted = false;
+    std::stop_source m_stopReading;
     std::shared_ptr<CObserverListener> m_observer;
     std::unique_ptr<pell::CPositionFeed> m_feed;
 };

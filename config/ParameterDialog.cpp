@@ -31,7 +31,9 @@ void CParameterDialog::accept() {
     bool applied = false;
     RunUserAction([this, &applied] {
         const bool changes = !m_body->PendingCommands().isEmpty();
-        if (changes && !m_restorer && !m_body->Recorder()) {
+        // Its own record, in a sheet too: Cancel after an OK the receiver refused half way puts
+        // back what that OK wrote, before the sheet decides about the rest.
+        if (changes && !m_restorer) {
             QStringList paths;
             for (const CParameterPage::Binding& binding : m_body->m_bindings)
                 if (binding.writable)

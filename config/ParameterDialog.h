@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config/ParameterPage.h"
+#include "lib/Common.h"
 #include "lib/PellDialog.h"
 #include "lib/pell_export.h"
 #include "receiver/SettingsRestorer.h"
@@ -12,9 +13,10 @@
 // A dialog of receiver parameters over OK and Cancel. Its controls are bound in a parameter
 // page that fills the dialog (Body()), so it reads, writes and shows a refusal the way a page
 // does. OK writes what the user changed and closes, or stays open with the refused control
-// marked. Opened from a page of a parameter sheet, the sheet records its masks before the first
-// write, so the sheet's Cancel puts the dialog's values back as well. Opened alone, an OK the
-// receiver refuses half way has what it wrote put back when the dialog is cancelled.
+// marked. Before its first write it records its own parameters, so an OK the receiver refuses
+// half way has what it wrote put back when the dialog is cancelled. Opened from a page of a
+// parameter sheet, the sheet records its masks as well, so the sheet's Cancel puts back what the
+// dialog's OK kept.
 class PELL_EXPORT CParameterDialog : public CPellDialog {
     Q_OBJECT
 public:
@@ -43,15 +45,15 @@ private:
     bool m_wrote = false;
 };
 
-// Opens a parameter dialog from a page and marks the page modified when the dialog wrote, so the
-// sheet's Apply keeps the values and its Cancel puts them back; `written` then lets the page show
-// what the dialog wrote. Returns IDOK or IDCANCEL.
+// Opens a parameter dialog from a page and marks the page modified when the dialog's OK wrote, so
+// the sheet's Apply keeps the values and its Cancel puts them back; `written` then lets the page
+// show what the dialog wrote. Returns IDOK or IDCANCEL.
 template <class Dialog>
 int RunParameterDialog(
     CParameterPage& page, const std::function<void(Dialog&)>& written = [](Dialog&) {}) {
     CPellWindow<Dialog> dialog(page.GetReceiver(), &page);
     const int result = dialog.exec();
-    if (dialog.Wrote()) {
+    if (result == pell::IDOK && dialog.Wrote()) {
         page.SetModified(true);
         written(dialog);
     }

@@ -310,6 +310,7 @@ CTrackingPositioning_AdvancedKestrelDlg::CTrackingPositioning_AdvancedKestrelDlg
     shifts->addRow(String(ids::TrackingInclinationShift), inclinationShift);
     for (QCheckBox* box : {lineBiases, cable, smoothing, headingOnly})
         page->addWidget(box);
+    page->addStretch();
 
     body.BindChoice(initial, Path("pos/hd/init/type"),
                     TableOf(KestrelInitializationType::EKestrelInitializationType{}));

@@ -126,8 +126,11 @@ void SaveSheetPages(Shooter& shooter, MainWindow& window, const QString& prefix)
 // receiver has a fix.
 void SaveNtripSheet(Shooter& shooter, MainWindow& window) {
     const CVexReceiverMate mate(window.Receiver());
+    using pell::vexcmd::SetChoice;
     using pell::vexcmd::SetText;
-    mate.Run(QStringLiteral("set,ntrip/mode,client;set,dev/ntrip/a/imode,rtcm3;") +
+    mate.Run(SetChoice(QStringLiteral("ntrip/mode"), QStringLiteral("client")) + QLatin1Char(';') +
+             SetChoice(QStringLiteral("dev/ntrip/a/imode"), QStringLiteral("rtcm3")) +
+             QLatin1Char(';') +
              SetText(QStringLiteral("ntrip/caster/addr"), QStringLiteral("large.example.net")) +
              QLatin1Char(';') +
              SetText(QStringLiteral("ntrip/caster/mountpt"), QStringLiteral("Joho0013")) +

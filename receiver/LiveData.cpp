@@ -51,12 +51,14 @@ CPositionFeed::CPositionFeed(std::shared_ptr<rxio::IReceiver> receiver)
     } catch (const ulm_std::CException&) {
         // A receiver that does not say what its port sends is asked anyway.
     }
-    m_started = m_receiver->Post(QStringLiteral("em,/cur/term,") + QLatin1String(kPositionSet));
+    m_started = m_receiver->Post(
+        vexcmd::EnableMessages(QStringLiteral("/cur/term"), QLatin1String(kPositionSet)));
 }
 
 CPositionFeed::~CPositionFeed() {
     if (m_started)
-        m_receiver->Post(QStringLiteral("dm,/cur/term,") + QLatin1String(kPositionSet));
+        m_receiver->Post(
+            vexcmd::DisableMessages(QStringLiteral("/cur/term"), QLatin1String(kPositionSet)));
 }
 
 } // namespace pell

@@ -304,7 +304,6 @@ constexpr unsigned NtripLastError = 61834;
 constexpr unsigned NtripAddressLine = 61835;
 constexpr unsigned NtripNotSet = 61836;
 constexpr unsigned NtripAdvanced = 61837;
-constexpr unsigned NtripAdvancedDialog = 61838;
 constexpr unsigned NtripProtocol = 61839;
 constexpr unsigned NtripNmeaPeriod = 61840;
 constexpr unsigned NtripInit = 61841;
@@ -313,6 +312,9 @@ constexpr unsigned NtripServerPage = 61843;
 constexpr unsigned NtripServerNumbered = 61844;
 constexpr unsigned NtripServerEnable = 61845;
 constexpr unsigned NtripDescription = 61846;
+constexpr unsigned NtripReadingTable = 61847;
+constexpr unsigned NtripCasterLine = 61848;
+constexpr unsigned NtripProxyLine = 61849;
 // Receiver ports sheet.
 constexpr unsigned PortsSheet = 61630;
 constexpr unsigned PortsSerialPage = 61631;

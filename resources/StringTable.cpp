@@ -360,9 +360,14 @@ constexpr StringEntry kEntries[] = {
     {61812, QT_TRANSLATE_NOOP3("PellLib", "Country", "61812")},
     {61813, QT_TRANSLATE_NOOP3("PellLib", "Distance, km", "61813")},
     {61814, QT_TRANSLATE_NOOP3("PellLib", "%1 of %2 mountpoints", "61814")},
-    {61815, QT_TRANSLATE_NOOP3("PellLib", "%1 lines of the table could not be read and are left out.", "61815")},
-    {61816, QT_TRANSLATE_NOOP3("PellLib", "The table ended early: some mountpoints may be missing.", "61816")},
-    {61817, QT_TRANSLATE_NOOP3("PellLib", "The receiver has no mountpoints from its caster yet. Check the caster address and let the receiver connect once.", "61817")},
+    {61815, QT_TRANSLATE_NOOP3(
+                "PellLib", "Lines of the table that could not be read are left out: %1.", "61815")},
+    {61816, QT_TRANSLATE_NOOP3("PellLib", "The table ended early: some mountpoints may be missing.",
+                               "61816")},
+    {61817, QT_TRANSLATE_NOOP3("PellLib",
+                               "The receiver has no mountpoints from its caster yet. Check the "
+                               "caster address and let the receiver connect once.",
+                               "61817")},
     {61818, QT_TRANSLATE_NOOP3("PellLib", "Show password", "61818")},
     {61819, QT_TRANSLATE_NOOP3("PellLib", "Hide password", "61819")},
     {61820, QT_TRANSLATE_NOOP3("PellLib", "NTRIP", "61820")},
@@ -382,8 +387,7 @@ constexpr StringEntry kEntries[] = {
     {61834, QT_TRANSLATE_NOOP3("PellLib", "Last Error:", "61834")},
     {61835, QT_TRANSLATE_NOOP3("PellLib", "%1 : %2", "61835")},
     {61836, QT_TRANSLATE_NOOP3("PellLib", "Not set", "61836")},
-    {61837, QT_TRANSLATE_NOOP3("PellLib", "Advanced…", "61837")},
-    {61838, QT_TRANSLATE_NOOP3("PellLib", "Advanced", "61838")},
+    {61837, QT_TRANSLATE_NOOP3("PellLib", "Advanced", "61837")},
     {61839, QT_TRANSLATE_NOOP3("PellLib", "Protocol:", "61839")},
     {61840, QT_TRANSLATE_NOOP3("PellLib", "Position Report, s:", "61840")},
     {61841, QT_TRANSLATE_NOOP3("PellLib", "Initialization:", "61841")},
@@ -392,6 +396,10 @@ constexpr StringEntry kEntries[] = {
     {61844, QT_TRANSLATE_NOOP3("PellLib", "Server %1", "61844")},
     {61845, QT_TRANSLATE_NOOP3("PellLib", "Send the receiver's data to the caster", "61845")},
     {61846, QT_TRANSLATE_NOOP3("PellLib", "Description:", "61846")},
+    {61847,
+     QT_TRANSLATE_NOOP3("PellLib", "Reading the caster's table from the receiver…", "61847")},
+    {61848, QT_TRANSLATE_NOOP3("PellLib", "Caster:", "61848")},
+    {61849, QT_TRANSLATE_NOOP3("PellLib", "Proxy Server:", "61849")},
 };
 
 } // namespace

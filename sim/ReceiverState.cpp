@@ -513,8 +513,7 @@ void CReceiverState::UpdateNtripClient() {
     if (!table || !state || !error || !mode || !host || !mountpoint)
         return;
     const auto served = CasterSourceTable(host->toStdString());
-    *table = served ? QString::fromStdString(*served)
-                    : m_params.at(QStringLiteral("ntrip/caster/table")).def->defaultValue;
+    *table = served ? *served : m_params.at(QStringLiteral("ntrip/caster/table")).def->defaultValue;
     // A client with a caster and a mount point gets its corrections; one without cannot connect.
     *error = *mode != QLatin1String("client") ? QString()
              : host->isEmpty()                ? QStringLiteral("no caster address")

@@ -44,15 +44,15 @@ constexpr std::array<Format, 5> kFormats = {{
 }};
 
 // Numbers with a decimal point whatever the locale: QString::asprintf keeps to the C locale.
-std::string Line(const char* format, auto... values) {
-    return QString::asprintf(format, values...).toStdString() + "\r\n";
+QString Line(const char* format, auto... values) {
+    return QString::asprintf(format, values...) + QStringLiteral("\r\n");
 }
 
 } // namespace
 
-std::string MakeSourceTable(std::size_t streams, bool malformed) {
-    std::string table = Line("CAS;caster.example.net;2101;PellCaster;Pell Survey Services;0;DEU;"
-                             "52.52;13.40;fallback.example.net;2101;");
+QString MakeSourceTable(std::size_t streams, bool malformed) {
+    QString table = Line("CAS;caster.example.net;2101;PellCaster;Pell Survey Services;0;DEU;"
+                         "52.52;13.40;fallback.example.net;2101;");
     table += Line("NET;PELLNET;Pell Survey Services;B;N;https://example.net/net;"
                   "https://example.net/str;https://example.net/reg;none");
     for (std::size_t i = 0; i < streams; ++i) {
@@ -70,21 +70,22 @@ std::string MakeSourceTable(std::size_t streams, bool malformed) {
                  format.carrier, town.country, north, east, network ? 1 : 0, network ? 1 : 0,
                  2400 + int(i % 5) * 1200, i % 11 == 5 ? "\"misc; with a semicolon\"" : "none");
         if (malformed && i % 50 == 17) {
-            table += "this is no record\r\n";
+            table += QStringLiteral("this is no record\r\n");
             table += Line("STR;;Nowhere;RTCM 3.2;;2;GPS;PELLNET;DEU;52.0;13.0;0;0;x;none;B;N;0;");
             table += Line("STR;SHORT%zu;Nowhere", i);
             table += Line("STR;LONG%zu;Far;RTCM 3;1004;2;GPS;NET;DEU;91.5;400;1;0;g;none;B;N;"
                           "9600;misc;extra;fields",
                           i);
             table += Line("STR;QUOTE%zu;\"Unterminated;RTCM 3;;2", i);
-            table += "STR;" + std::string(5000, 'X') + "\r\n";
+            table +=
+                QStringLiteral("STR;") + QString(5000, QLatin1Char('X')) + QStringLiteral("\r\n");
         }
     }
-    table += "ENDSOURCETABLE\r\n";
+    table += QStringLiteral("ENDSOURCETABLE\r\n");
     return table;
 }
 
-std::optional<std::string> CasterSourceTable(std::string_view host) {
+std::optional<QString> CasterSourceTable(std::string_view host) {
     if (host.starts_with("large."))
         return MakeSourceTable(5000);
     if (host.starts_with("broken."))

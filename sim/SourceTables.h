@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QString>
 #include <cstddef>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace rxsim {
@@ -13,11 +13,11 @@ namespace rxsim {
 // "ENDSOURCETABLE". With `malformed`, lines no caster should send are mixed in: garbage, a
 // record without a mount point, short and overlong records, an unterminated quote, a line longer
 // than any record.
-std::string MakeSourceTable(std::size_t streams, bool malformed = false);
+QString MakeSourceTable(std::size_t streams, bool malformed = false);
 
 // The table the simulated receiver fetches from the caster at `host`: "large.<any>" serves
 // 5,000 streams, "broken.<any>" a table with malformed lines; other hosts the model's own table
 // (nothing here).
-std::optional<std::string> CasterSourceTable(std::string_view host);
+std::optional<QString> CasterSourceTable(std::string_view host);
 
 } // namespace rxsim

@@ -1577,9 +1577,9 @@
         <translation>%1 von %2 Mountpoints</translation>
     </message>
     <message>
-        <source>%1 lines of the table could not be read and are left out.</source>
+        <source>Lines of the table that could not be read are left out: %1.</source>
         <comment>61815</comment>
-        <translation>%1 Zeilen der Tabelle waren nicht lesbar und fehlen.</translation>
+        <translation>Nicht lesbare Zeilen der Tabelle fehlen: %1.</translation>
     </message>
     <message>
         <source>The table ended early: some mountpoints may be missing.</source>
@@ -1690,13 +1690,8 @@
         <translation>Empfängerschnittstellen</translation>
     </message>
     <message>
-        <source>Advanced…</source>
-        <comment>61837</comment>
-        <translation>Erweitert…</translation>
-    </message>
-    <message>
         <source>Advanced</source>
-        <comment>61838</comment>
+        <comment>61837</comment>
         <translation>Erweitert</translation>
     </message>
     <message>
@@ -1738,6 +1733,21 @@
         <source>Description:</source>
         <comment>61846</comment>
         <translation>Beschreibung:</translation>
+    </message>
+    <message>
+        <source>Reading the caster&apos;s table from the receiver…</source>
+        <comment>61847</comment>
+        <translation>Die Tabelle des Casters wird vom Empfänger gelesen…</translation>
+    </message>
+    <message>
+        <source>Caster:</source>
+        <comment>61848</comment>
+        <translation>Caster:</translation>
+    </message>
+    <message>
+        <source>Proxy Server:</source>
+        <comment>61849</comment>
+        <translation>Proxyserver:</translation>
     </message>
 </context>
 <context>

@@ -81,7 +81,8 @@ TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
 TEST(NtripSheetTest, TheClientTakesItsStreamFromTheTableAndShowsWhereItConnects) {
     SimulatedReceiver receiver(QStringLiteral("lumen7"));
     CVexReceiverMate(receiver.Receiver())
-        .Run(QStringLiteral("set,ntrip/mode,client;") +
+        .Run(pell::vexcmd::SetChoice(QStringLiteral("ntrip/mode"), QStringLiteral("client")) +
+             QLatin1Char(';') +
              pell::vexcmd::SetText(QStringLiteral("ntrip/caster/addr"),
                                    QStringLiteral("caster.example.net")));
     Sheet sheet(receiver.Receiver(), nullptr);
@@ -93,7 +94,7 @@ TEST(NtripSheetTest, TheClientTakesItsStreamFromTheTableAndShowsWhereItConnects)
     EXPECT_TRUE(Shows(client, QStringLiteral("no mount point")));
 
     WithDialog<CNtrip_Client_SelectMountpointDlg>(
-        receiver, [&] { client.SelectMountpoint(); },
+        receiver, [&] { Click(client, "selectButton"); },
         [](CNtrip_Client_SelectMountpointDlg& dialog) {
             dialog.Filter().setText(QStringLiteral("DGPS"));
             ASSERT_EQ(dialog.List().rowCount(), 1);
@@ -105,7 +106,7 @@ TEST(NtripSheetTest, TheClientTakesItsStreamFromTheTableAndShowsWhereItConnects)
     EXPECT_EQ(receiver.Value(QStringLiteral("ntrip/state")), QStringLiteral("data"));
 
     WithDialog(
-        receiver, [&] { client.EditAdvanced(); },
+        receiver, [&] { Click(client, "advancedButton"); },
         [](CParameterDialog& dialog) {
             // The one text field: the others are number boxes.
             for (QLineEdit* proxy : dialog.Body().findChildren<QLineEdit*>())

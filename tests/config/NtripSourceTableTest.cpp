@@ -19,30 +19,32 @@ using namespace ntrip;
 
 struct TableCase {
     const char* name;
-    std::string text;
+    QString text;
     std::size_t streams, casters, networks, skipped;
     bool complete, truncated;
 };
 
 TEST(NtripSourceTable, SplitsRecordsAndSkipsWhatIsNone) {
-    const std::string huge(kMaxTableBytes + 1, '\n');
-    std::string many;
+    const QString huge(kMaxTableChars + 1, QLatin1Char('\n'));
+    QString many;
     for (std::size_t i = 0; i <= kMaxRecords; ++i)
-        many += "NET;N\n";
+        many += QStringLiteral("NET;N\n");
     const TableCase cases[] = {
         {"records", "CAS;c;2101\r\nNET;n\r\nSTR;A\r\nSTR;B\r\nENDSOURCETABLE\r\nSTR;after\r\n", 2,
          1, 1, 0, true, false},
         {"response head",
          "SOURCETABLE 200 OK\r\nServer: x\r\nSTR;head\r\n\r\nSTR;A\nENDSOURCETABLE", 1, 0, 0, 0,
          true, false},
-        {"head without body", "HTTP/1.1 200 OK\r\nContent-Type: gnss/sourcetable\r\n", 0, 0, 0, 0,
+        {"head without body", "HTTP/1.1 200 OK\r\nContent-Type: gnss/sourcetable\r\n", 0, 0, 0, 1,
          false, false},
+        {"status line alone", "SOURCETABLE 200 OK\r\nSTR;A\r\nENDSOURCETABLE\r\n", 1, 0, 0, 0, true,
+         false},
         {"never ends", "STR;A\nSTR;B", 2, 0, 0, 0, false, false},
         {"garbage", "STR\nSTRA;x\n;;;\nSTR;;no mount point\nSTR;  \n\x01\x02\nSTR;A\n", 1, 0, 0, 6,
          false, false},
-        {"overlong line", "STR;" + std::string(kMaxLineBytes, 'x') + "\nSTR;A\n", 1, 0, 0, 1, false,
-         false},
-        {"beyond the bytes", huge, 0, 0, 0, 0, false, true},
+        {"overlong line", "STR;" + QString(kMaxLineChars, QLatin1Char('x')) + "\nSTR;A\n", 1, 0, 0,
+         1, false, false},
+        {"beyond the characters", huge, 0, 0, 0, 0, false, true},
         {"beyond the records", many, 0, 0, kMaxRecords, 0, false, true},
         {"generated, malformed", rxsim::MakeSourceTable(100, true), 100 + 2 * 3, 1, 1, 2 * 3, true,
          false},
@@ -60,13 +62,13 @@ TEST(NtripSourceTable, SplitsRecordsAndSkipsWhatIsNone) {
 }
 
 TEST(NtripSourceTable, ReadsTheFieldsOfARecord) {
-    const SourceTable table = ParseSourceTable(
+    const SourceTable table = ParseSourceTable(QString::fromUtf8(
         "STR;BREM00;Bremen;RTCM 3.2;1004(1),1006(10);2;GPS+GLO;EUREF;DEU;53.08;351.39;1;1;"
         "NetR;none;B;Y;9600;\"misc; \"\"quoted\"\"\";and;more\n"
-        "STR;\"MP;1\";\xE4rhus;RTCM 2.3\n"
+        "STR;\"MP;1\";\xC3\xA4rhus;RTCM 2.3\n"
         "STR;Odd;x;x;x;7;x;x;x;north;-190;x;9;x;x;x;x;-5\n"
         "CAS;c.example.net;99999;id;op;1;DEU;52.5;13.4;f.example.net;2102;m\n"
-        "NET;PELLNET;op;B;N;w1;w2;w3\n");
+        "NET;PELLNET;op;B;N;w1;w2;w3\n"));
     ASSERT_EQ(table.streams.size(), 3u);
     const Stream& s = table.streams[0];
     EXPECT_EQ(s.mountpoint, QStringLiteral("BREM00"));
@@ -79,7 +81,7 @@ TEST(NtripSourceTable, ReadsTheFieldsOfARecord) {
     EXPECT_TRUE(s.fee);
     EXPECT_EQ(s.bitrate, 9600);
     EXPECT_EQ(s.misc, QStringLiteral("misc; \"quoted\";and;more"));
-    // A quoted semicolon, a short record, Latin-1 where the bytes are no UTF-8.
+    // A quoted semicolon, a short record, a letter beyond ASCII.
     EXPECT_EQ(table.streams[1].mountpoint, QStringLiteral("MP;1"));
     EXPECT_EQ(table.streams[1].identifier, QString::fromUtf8("\xC3\xA4rhus"));
     EXPECT_EQ(table.streams[1].carrier, -1);
@@ -145,10 +147,7 @@ TEST(NtripSourceTable, TheReceiverHandsOnItsCastersTable) {
         SCOPED_TRACE(caster.host);
         mate.Run(pell::vexcmd::SetText(QStringLiteral("ntrip/caster/addr"),
                                        QString::fromLatin1(caster.host)));
-        const QByteArray text =
-            mate.Run(QStringLiteral("print,ntrip/caster/table"), CVexReceiverMate::RemoveQuotes)
-                .toUtf8();
-        const SourceTable table = ParseSourceTable(std::string_view(text.data(), text.size()));
+        const SourceTable table = ReadSourceTable(receiver.Receiver());
         EXPECT_EQ(table.streams.size(), caster.streams);
         EXPECT_EQ(table.skippedLines, caster.skipped);
         EXPECT_TRUE(table.complete);

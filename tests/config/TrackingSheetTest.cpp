@@ -120,17 +120,21 @@ TEST(TrackingSheetTest, CancelPutsBackEverythingThePagesWrite) {
 // A dialog's OK writes at once and marks its page, so Apply keeps the values and Cancel puts
 // them back; its Cancel writes nothing.
 TEST(TrackingSheetTest, ADialogWritesOnItsOkAndTheSheetDecidesWhatStays) {
+    ScopedPresenter boxes;
+    enum EAnswer { Ok, Cancel, RefusedThenCancel };
     const struct {
         int page;
         const char* button;
-        bool ok;
+        EAnswer answer;
         const char* sheetButton; // after the dialog
         bool kept;               // the dialog's value stays on the receiver
     } cases[] = {
-        {4, "advancedButton", true, "cancelButton", false},
-        {6, "advancedButton", true, "applyButton", true},
-        {8, "antiJammingButton", true, "okButton", true},
-        {8, "antiJammingButton", false, "cancelButton", false},
+        {4, "advancedButton", Ok, "cancelButton", false},
+        {6, "advancedButton", Ok, "applyButton", true},
+        {8, "antiJammingButton", Ok, "okButton", true},
+        {8, "antiJammingButton", Cancel, "cancelButton", false},
+        // What an OK wrote before the refusal goes back with the dialog's Cancel.
+        {4, "advancedButton", RefusedThenCancel, "okButton", false},
     };
     for (const auto& c : cases) {
         SimulatedReceiver receiver(QStringLiteral("pardo7"));
@@ -143,11 +147,21 @@ TEST(TrackingSheetTest, ADialogWritesOnItsOkAndTheSheetDecidesWhatStays) {
             receiver, [&] { Click(page, c.button); },
             [&](CParameterDialog& dialog) {
                 written = ChangeOne(dialog);
-                Click(dialog, c.ok ? "okButton" : "cancelButton");
+                if (c.answer == RefusedThenCancel) {
+                    QSpinBox* last = dialog.Body().findChildren<QSpinBox*>().back();
+                    last->setMaximum(last->maximum() * 2);
+                    last->setValue(last->maximum());
+                    Click(dialog, "okButton");
+                    EXPECT_TRUE(dialog.isVisible());
+                }
+                Click(dialog, c.answer == Ok ? "okButton" : "cancelButton");
             });
         ASSERT_FALSE(written.isEmpty()) << c.button;
-        EXPECT_EQ(WritesSince(receiver, before), c.ok ? QStringList{written} : QStringList{});
-        EXPECT_EQ(page.IsModified(), c.ok);
+        if (c.answer != RefusedThenCancel) {
+            EXPECT_EQ(WritesSince(receiver, before),
+                      c.answer == Ok ? QStringList{written} : QStringList{});
+        }
+        EXPECT_EQ(page.IsModified(), c.answer == Ok);
         Click(sheet, c.sheetButton);
         if (c.sheetButton == std::string_view("applyButton"))
             Click(sheet, "cancelButton");

@@ -23,7 +23,7 @@ void CheckPosition(double latitude, double longitude) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const ntrip::SourceTable table = ntrip::ParseSourceTable(text);
+    const ntrip::SourceTable table = ntrip::ParseSourceTable(QString::fromUtf8(text));
     Check(table.streams.size() + table.casters.size() + table.networks.size() <=
           ntrip::kMaxRecords);
     const QString filter = QString::fromUtf8(text.substr(0, 64));
