@@ -56,21 +56,7 @@ TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
         Sheet sheet(receiver.Receiver(), nullptr);
         sheet.show();
         EXPECT_EQ(Titles(sheet), c.titles);
-        QStringList written;
-        for (int index = 0; index < sheet.GetPageCount(); ++index) {
-            CParameterPage& page = Page(sheet, index);
-            for (QWidget* control : page.findChildren<QWidget*>()) {
-                if (!control->isVisible() || !control->isEnabled() || !Change(control))
-                    continue;
-                const QStringList pending = page.PendingCommands();
-                ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
-                EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
-                const qint64 before = receiver.Simulator().ReceivedCount();
-                Click(sheet, "applyButton");
-                EXPECT_EQ(WritesSince(receiver, before), pending);
-                written << pending;
-            }
-        }
+        const QStringList written = ApplyEachControl(receiver, sheet, command);
         for (const char* expected : c.expected)
             EXPECT_TRUE(written.contains(QLatin1String(expected))) << expected;
     }

@@ -17,6 +17,7 @@
 #include <QStringList>
 #include <QTimer>
 #include <functional>
+#include <gtest/gtest.h>
 #include <type_traits>
 
 // What the tests of configuration sheets do the way a user would.
@@ -83,6 +84,33 @@ void WithDialog(SimulatedReceiver& receiver, const std::function<void()>& open,
     });
     poll.start(10);
     open();
+}
+
+// Changes every shown control of every page alone and applies it, as a user would one at a time:
+// each must send exactly one command, of the form `command`, and leave nothing pending. Returns
+// the commands written.
+inline QStringList ApplyEachControl(SimulatedReceiver& receiver, CPropertySheetBase& sheet,
+                                    const QRegularExpression& command) {
+    QStringList written;
+    for (int index = 0; index < sheet.GetPageCount(); ++index) {
+        CParameterPage& page = Page(sheet, index);
+        EXPECT_TRUE(page.PendingCommands().isEmpty()) << page.GetTitle().toStdString();
+        for (QWidget* control : page.findChildren<QWidget*>()) {
+            if (!control->isVisible() || !control->isEnabled() || !Change(control))
+                continue;
+            const QStringList pending = page.PendingCommands();
+            EXPECT_EQ(pending.size(), 1) << control->metaObject()->className();
+            for (const QString& one : pending)
+                EXPECT_TRUE(command.match(one).hasMatch()) << one.toStdString();
+            const qint64 before = receiver.Simulator().ReceivedCount();
+            Click(sheet, "applyButton");
+            // Besides the one write, only reads: the settings recorded afresh for Cancel.
+            EXPECT_EQ(WritesSince(receiver, before), pending);
+            EXPECT_TRUE(page.PendingCommands().isEmpty());
+            written << pending;
+        }
+    }
+    return written;
 }
 
 } // namespace pell::test

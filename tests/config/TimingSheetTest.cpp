@@ -4,6 +4,7 @@
 #include "config/PPSEventFrqPS.h"
 #include "lib/Common.h"
 #include "lib/PellLib.h"
+#include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
 
@@ -49,30 +50,13 @@ TEST(TimingSheetTest, PagesAreTheChannelsTheReceiverHas) {
 // Every control of every page, changed alone, sends exactly the one command of its kind.
 TEST(TimingSheetTest, EachControlWritesOneCommandOfItsKind) {
     pell::test::SimulatedReceiver receiver(QStringLiteral("pardo7"));
-    CVexReceiverMate(receiver.Receiver()).Run(QStringLiteral("set,dev/pps/b/per/ms,500"));
+    CVexReceiverMate(receiver.Receiver())
+        .Run(pell::vexcmd::SetSigned(QStringLiteral("dev/pps/b/per/ms"), 500));
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
     const QRegularExpression command(
         QStringLiteral(R"(^set,(dev/(pps|event)/[ab]|frq|osc)/[a-z/]+,(-?\d+|[a-z]+)$)"));
-    int changed = 0;
-    for (int index = 0; index < sheet.GetPageCount(); ++index) {
-        CParameterPage& page = Page(sheet, index);
-        EXPECT_TRUE(page.PendingCommands().isEmpty()) << page.GetTitle().toStdString();
-        for (QWidget* control : page.findChildren<QWidget*>()) {
-            if (!control->isVisible() || !control->isEnabled() || !Change(control))
-                continue;
-            const QStringList pending = page.PendingCommands();
-            ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
-            EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
-            const qsizetype before = receiver.Simulator().ReceivedCount();
-            Click(sheet, "applyButton");
-            // Besides the one write, only reads: the settings recorded afresh for Cancel.
-            EXPECT_EQ(WritesSince(receiver, before), pending);
-            EXPECT_TRUE(page.PendingCommands().isEmpty());
-            ++changed;
-        }
-    }
-    EXPECT_GE(changed, 25);
+    EXPECT_GE(ApplyEachControl(receiver, sheet, command).size(), 25);
     Sheet again(receiver.Receiver(), nullptr);
     again.show();
     EXPECT_EQ(static_cast<QSpinBox*>(Page(again, 1).findChildren<QSpinBox*>().front())->value(),

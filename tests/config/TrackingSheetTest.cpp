@@ -63,23 +63,7 @@ TEST(TrackingSheetTest, EachControlWritesOneCommandOfItsKind) {
     sheet.show();
     const QRegularExpression command(QStringLiteral(
         R"(^set,(pos|lock|raw|ref|hd|ant|opts|ajm)/[a-z0-9/]+,(-?\d+(\.\d{6})?|[a-z]+|"[^"]*")$)"));
-    QStringList written;
-    for (int index = 0; index < sheet.GetPageCount(); ++index) {
-        CParameterPage& page = Page(sheet, index);
-        EXPECT_TRUE(page.PendingCommands().isEmpty()) << page.GetTitle().toStdString();
-        for (QWidget* control : page.findChildren<QWidget*>()) {
-            if (!control->isVisible() || !control->isEnabled() || !Change(control))
-                continue;
-            const QStringList pending = page.PendingCommands();
-            ASSERT_EQ(pending.size(), 1) << control->metaObject()->className();
-            EXPECT_TRUE(command.match(pending[0]).hasMatch()) << pending[0].toStdString();
-            const qint64 before = receiver.Simulator().ReceivedCount();
-            Click(sheet, "applyButton");
-            EXPECT_EQ(WritesSince(receiver, before), pending);
-            EXPECT_TRUE(page.PendingCommands().isEmpty());
-            written << pending;
-        }
-    }
+    const QStringList written = ApplyEachControl(receiver, sheet, command);
     EXPECT_GE(written.size(), 30);
     for (const char* expected :
          {"set,ref/ant/id,\"PELLPD7_EXTX\"", "set,pos/hd/len,2.250000",
