@@ -301,6 +301,39 @@ CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IRece
     Body().BindUnsigned(proxyPort, CNtrip_ServerPP::Path(server, "proxy/port"));
 }
 
+CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, int listeners,
+                                   QWidget* parent)
+    : CParameterPage(std::move(receiver), String(pell::ids::NtripCasterPage), parent) {
+    auto* enable = new QCheckBox(String(pell::ids::NtripCasterEnable));
+    auto* name = new QLineEdit;
+    auto* country = new QLineEdit;
+    auto* authentication = new QComboBox;
+    // Country codes are three capital letters (ISO 3166).
+    country->setInputMask(QStringLiteral(">AAA;"));
+    country->setMaximumWidth(country->fontMetrics().horizontalAdvance(QStringLiteral("WWWWW")));
+
+    auto* page = new QVBoxLayout(this);
+    page->addWidget(enable);
+    QFormLayout* caster = Form(Group(String(pell::ids::NtripCaster), page));
+    caster->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    caster->addRow(String(pell::ids::NtripName), name);
+    caster->addRow(String(pell::ids::NtripCountry), country);
+    caster->addRow(String(pell::ids::NtripAuthentication), authentication);
+    QFormLayout* ports = Form(Group(String(pell::ids::NtripListeners), page));
+    page->addStretch();
+
+    BindSwitch(enable, QStringLiteral("/app/ntrip/caster/mode"));
+    BindText(name, QStringLiteral("/app/ntrip/caster/name"));
+    BindText(country, QStringLiteral("/app/ntrip/caster/country"));
+    BindChoice(authentication, QStringLiteral("/app/ntrip/caster/auth"),
+               TableOf(NtripCasterAuth::ENtripCasterAuth{}));
+    for (int listener = 0; listener < listeners; ++listener) {
+        auto* port = PortBox();
+        ports->addRow(String(pell::ids::NtripListenerPort).arg(listener + 1), port);
+        BindUnsigned(port, QStringLiteral("/app/ntrip/caster/%1/port").arg(listener));
+    }
+}
+
 CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterSheet(
           receiver, String(pell::ids::NtripSheet),
@@ -314,6 +347,12 @@ CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
             AddPage(new CNtrip_ServerPP(receiver, server));
     } else if (Knows(QStringLiteral("ntrip/server"))) {
         AddPage(new CNtrip_ServerLegacyPP(receiver));
+    }
+    if (Knows(QStringLiteral("/app/ntrip/caster"))) {
+        int listeners = 0;
+        while (Knows(QStringLiteral("/app/ntrip/caster/%1/port").arg(listeners)))
+            ++listeners;
+        AddPage(new CNtrip_CastersPP(receiver, listeners));
     }
 }
 

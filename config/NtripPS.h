@@ -93,6 +93,16 @@ public:
     CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver, CParameterPage* parent);
 };
 
+// The caster built into the receiver: whether it runs, its name, country and how it
+// authenticates users, and the port each of its listeners takes connections on.
+class PELL_EXPORT CNtrip_CastersPP : public CParameterPage {
+    Q_OBJECT
+public:
+    // `listeners`: how many the receiver has ("/app/ntrip/caster/<n>", from 0).
+    CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, int listeners,
+                     QWidget* parent = nullptr);
+};
+
 // The NTRIP sheet.
 class PELL_EXPORT CNtripPS : public CParameterSheet {
     Q_OBJECT

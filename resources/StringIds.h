@@ -315,6 +315,13 @@ constexpr unsigned NtripDescription = 61846;
 constexpr unsigned NtripReadingTable = 61847;
 constexpr unsigned NtripCasterLine = 61848;
 constexpr unsigned NtripProxyLine = 61849;
+constexpr unsigned NtripCasterPage = 61850;
+constexpr unsigned NtripCasterEnable = 61851;
+constexpr unsigned NtripName = 61852;
+constexpr unsigned NtripCountry = 61853;
+constexpr unsigned NtripAuthentication = 61854;
+constexpr unsigned NtripListeners = 61855;
+constexpr unsigned NtripListenerPort = 61856;
 // Receiver ports sheet.
 constexpr unsigned PortsSheet = 61630;
 constexpr unsigned PortsSerialPage = 61631;

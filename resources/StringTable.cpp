@@ -400,6 +400,13 @@ constexpr StringEntry kEntries[] = {
      QT_TRANSLATE_NOOP3("PellLib", "Reading the caster's table from the receiver…", "61847")},
     {61848, QT_TRANSLATE_NOOP3("PellLib", "Caster:", "61848")},
     {61849, QT_TRANSLATE_NOOP3("PellLib", "Proxy Server:", "61849")},
+    {61850, QT_TRANSLATE_NOOP3("PellLib", "Caster", "61850")},
+    {61851, QT_TRANSLATE_NOOP3("PellLib", "Run the receiver's caster", "61851")},
+    {61852, QT_TRANSLATE_NOOP3("PellLib", "Name:", "61852")},
+    {61853, QT_TRANSLATE_NOOP3("PellLib", "Country:", "61853")},
+    {61854, QT_TRANSLATE_NOOP3("PellLib", "Authentication:", "61854")},
+    {61855, QT_TRANSLATE_NOOP3("PellLib", "Connections", "61855")},
+    {61856, QT_TRANSLATE_NOOP3("PellLib", "Port %1:", "61856")},
 };
 
 } // namespace

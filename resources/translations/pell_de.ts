@@ -1749,6 +1749,41 @@
         <comment>61849</comment>
         <translation>Proxyserver:</translation>
     </message>
+    <message>
+        <source>Caster</source>
+        <comment>61850</comment>
+        <translation>Caster</translation>
+    </message>
+    <message>
+        <source>Run the receiver&apos;s caster</source>
+        <comment>61851</comment>
+        <translation>Caster des Empfängers betreiben</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <comment>61852</comment>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <comment>61853</comment>
+        <translation>Land:</translation>
+    </message>
+    <message>
+        <source>Authentication:</source>
+        <comment>61854</comment>
+        <translation>Authentifizierung:</translation>
+    </message>
+    <message>
+        <source>Connections</source>
+        <comment>61855</comment>
+        <translation>Verbindungen</translation>
+    </message>
+    <message>
+        <source>Port %1:</source>
+        <comment>61856</comment>
+        <translation>Port %1:</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

@@ -40,9 +40,10 @@ TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
     } cases[] = {
         {"ostrel-q",
          {String(pell::ids::NtripClientPage), String(pell::ids::NtripServerNumbered).arg(1),
-          String(pell::ids::NtripServerNumbered).arg(2)},
+          String(pell::ids::NtripServerNumbered).arg(2), String(pell::ids::NtripCasterPage)},
          {"set,ntrip/mode,client", "set,ntrip/caster/port,2102", "set,ntrip/caster/passwd,\"X\"",
-          "set,dev/ntrip/a/imode,cmr", "set,/app/ntrip/server/2/mode,on"}},
+          "set,dev/ntrip/a/imode,cmr", "set,/app/ntrip/server/2/mode,on",
+          "set,/app/ntrip/caster/auth,digest", "set,/app/ntrip/caster/1/port,2103"}},
         {"lumen7",
          {String(pell::ids::NtripClientPage), String(pell::ids::NtripServerPage)},
          {"set,ntrip/server/mountpt/descr,\"X\"", "set,ntrip/server/protocol,v2",
