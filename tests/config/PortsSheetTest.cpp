@@ -11,12 +11,14 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QTreeWidget>
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,21 +45,6 @@ bool Shows(QWidget& page, const QString& text) {
             return true;
     }
     return false;
-}
-
-bool Change(QWidget* control) {
-    if (auto* box = qobject_cast<QComboBox*>(control)) {
-        if (box->count() < 2)
-            return false;
-        box->setCurrentIndex((box->currentIndex() + 1) % box->count());
-    } else if (auto* check = qobject_cast<QCheckBox*>(control)) {
-        check->toggle();
-    } else if (auto* spin = qobject_cast<QSpinBox*>(control)) {
-        spin->setValue(spin->value() < spin->maximum() ? spin->value() + 1 : spin->value() - 1);
-    } else {
-        return false;
-    }
-    return true;
 }
 
 TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
@@ -107,7 +94,8 @@ TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
 }
 
 // Every control of every page, changed alone, sends exactly the one command of its kind; a change
-// that could cut the controller's own connection asks first.
+// that could cut the controller's own connection asks first. A port that takes no output has its
+// input mode written as any other, and nothing of its output.
 TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
     const pell::test::ScopedEnglish english;
     pell::test::ScopedPresenter boxes(pell::IDYES);
@@ -115,8 +103,9 @@ TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
     const QRegularExpression command(QStringLiteral(
-        R"(^set,(dev/[a-z]+/[a-z]/[a-z/]+|out/dev/[a-z]+/[a-z]/(elm|period)|net/(tcp|udp)(/[a-e])?/[a-z]+),(-?\d+|[A-Za-z0-9]+|/dev/ser/[a-d]|".*")$)"));
+        R"(^set,(dev/[a-z]+/[a-z]/[a-z/]+|out/dev/[a-z]+/[a-z]/(elm|period)|net/(tcp|udp)(/[a-e])?/[a-z]+),(-?\d+(\.\d+)?|[A-Za-z0-9]+|/dev/ser/[a-d]|".*")$)"));
     int changed = 0;
+    QStringList written;
     for (int index = 0; index < sheet.GetPageCount(); ++index) {
         sheet.SetActivePage(index);
         auto& page = *static_cast<CParameterPage*>(sheet.GetPage(index));
@@ -131,6 +120,7 @@ TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
             const std::size_t asked = boxes.Boxes().size();
             Click(sheet, "applyButton");
             EXPECT_EQ(WritesSince(receiver, before), pending);
+            written << pending;
             const bool ownLink =
                 QRegularExpression(
                     QStringLiteral("^set,dev/ser/a/(rate|bits|stops|parity|rtscts|imode),"))
@@ -141,6 +131,15 @@ TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
         }
     }
     EXPECT_GE(changed, 40);
+    for (const ReceiverPort& port : sheet.Ports()) {
+        if (port.takesOutput)
+            continue;
+        const QStringList own = written.filter(port.path + QLatin1Char('/'));
+        ASSERT_FALSE(own.isEmpty()) << port.path.toStdString();
+        for (const QString& write : own)
+            EXPECT_TRUE(write.startsWith(QStringLiteral("set,%1/imode,").arg(port.path)))
+                << write.toStdString();
+    }
     ASSERT_FALSE(boxes.Boxes().empty());
     EXPECT_TRUE(boxes.Boxes().front().text.contains(QStringLiteral("/dev/ser/a")));
 }
@@ -151,18 +150,37 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
 
-    // A value the receiver refuses stays marked with its reply.
-    {
+    // A value the receiver refuses, or a text no command can carry, stays marked with why.
+    auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
+    udp->setMaximum(70000);
+    auto* profile = PageTitled(sheet, "Modem A").findChild<QLineEdit*>();
+    const auto type = [profile](const QString& text) {
+        profile->setText(text);
+        emit profile->textEdited(text);
+    };
+    const struct {
+        std::function<void()> enter, mend;
+        QWidget* control;
+        const char* path;
+        QString stored;
+    } refusals[] = {
+        {[udp] { udp->setValue(70000); }, [udp] { udp->setValue(9000); }, udp, "net/udp/port",
+         QStringLiteral("9000")},
+        {[&type] { type(QStringLiteral("gprs\x01")); }, [&type] { type(QStringLiteral("gprs")); },
+         profile, "dev/modem/a/profile", QStringLiteral("\"gprs\"")},
+    };
+    for (const auto& r : refusals) {
         pell::test::ScopedPresenter boxes;
-        auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
-        udp->setMaximum(70000);
-        udp->setValue(70000);
+        r.enter();
         Click(sheet, "applyButton");
-        EXPECT_EQ(udp->toolTip(), QStringLiteral("{2,,value out of range}"));
-        udp->setValue(9000);
+        EXPECT_TRUE(r.control->property("refused").toBool()) << r.path;
+        EXPECT_FALSE(r.control->toolTip().isEmpty()) << r.path;
+        EXPECT_EQ(boxes.Boxes().size(), 1u) << r.path;
+        r.mend();
         Click(sheet, "applyButton");
-        EXPECT_EQ(receiver.Value(QStringLiteral("net/udp/port")), QStringLiteral("9000"));
+        EXPECT_EQ(receiver.Value(QString::fromLatin1(r.path)), r.stored);
     }
+    EXPECT_EQ(udp->toolTip(), QString());
 
     // The message period must fit raw/msint or pos/msint (100 ms here): a warning the user may
     // override. Messages go out with em/dm while the output mode is user defined.
@@ -208,14 +226,6 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     Click(sheet, "applyButton");
     EXPECT_TRUE(Shows(PageTitled(sheet, "General"), QStringLiteral("JPS")));
 
-    // A port that takes no output is shown and never written.
-    auto& bluetooth = PageTitled(sheet, "Bluetooth");
-    EXPECT_TRUE(bluetooth.findChildren<QComboBox*>().isEmpty());
-    const QList<QLabel*> labels = bluetooth.findChildren<QLabel*>();
-    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
-        return label->text() == QStringLiteral("/dev/ble/a (no output)");
-    }));
-
     // Deleting a driver asks first; No leaves it.
     auto& drivers = PageTitled<CReceiverPortComDriverPP>(sheet, "Drivers A");
     auto* driverSlots = drivers.findChild<QTreeWidget*>();
@@ -237,7 +247,7 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     // Cancel after an Apply that stopped at a refusal takes back the message sets it enabled.
     PageTitled(sheet, "Serial B");
     messages->item(2)->setCheckState(Qt::Checked);
-    auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
+    PageTitled(sheet, "UDP Port");
     udp->setValue(70000);
     {
         const pell::test::ScopedPresenter boxes;
