@@ -118,7 +118,6 @@ QListWidget* MessageList() {
     list->setFlow(QListView::LeftToRight);
     list->setWrapping(true);
     list->setResizeMode(QListView::Adjust);
-    list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return list;
 }
@@ -127,8 +126,9 @@ QListWidget* MessageList() {
 void FitGrid(QListWidget* list) {
     if (list->count() == 0)
         return;
-    const int gap = list->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 2;
-    list->setGridSize({list->sizeHintForColumn(0) + gap, list->sizeHintForRow(0)});
+    const QFontMetrics metrics = list->fontMetrics();
+    list->setGridSize({list->sizeHintForColumn(0) + metrics.horizontalAdvance(QLatin1Char('0')) * 2,
+                       list->sizeHintForRow(0) + metrics.height() / 4});
 }
 
 // Columns fit their texts with room to breathe; the last takes the rest.
