@@ -136,7 +136,7 @@ public:
 };
 
 // The ports of one kind, each with its input and output mode. A port that takes no output shows
-// its modes and is never written.
+// its output mode and has only its input mode written.
 class PELL_EXPORT CReceiverPortGroupPP : public CReceiverPortPage {
     Q_OBJECT
 public:

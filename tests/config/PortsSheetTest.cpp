@@ -244,7 +244,8 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/modem/a/jps/1/mode")), QStringLiteral("present"));
     EXPECT_FALSE(drivers.DeleteSelected()); // the slot is empty now
 
-    // Cancel after an Apply that stopped at a refusal takes back the message sets it enabled.
+    // Cancel after an Apply that stopped at a refusal takes back the message sets it enabled, and
+    // leaves what is not a port's, such as a timing input another window changed meanwhile.
     PageTitled(sheet, "Serial B");
     messages->item(2)->setCheckState(Qt::Checked);
     PageTitled(sheet, "UDP Port");
@@ -253,9 +254,12 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
         const pell::test::ScopedPresenter boxes;
         Click(sheet, "applyButton");
         EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{nmea/GSA}"));
+        rxsim::SideEffects effects;
+        receiver.Simulator().State().Execute(QStringLiteral("set,dev/event/a/in,on"), effects);
         Click(sheet, "cancelButton");
     }
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{}"));
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/event/a/in")), QStringLiteral("on"));
 }
 
 TEST(PortsSheetTest, PeriodFitsEitherUpdateRate) {
