@@ -20,6 +20,8 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
+#include <memory>
 
 namespace {
 
@@ -46,6 +48,48 @@ bool Shows(QWidget& page, const QString& text) {
     }
     return false;
 }
+
+// The simulated receiver with the replies to some commands replaced: a receiver that names odd
+// things or fails a read.
+class RewritingReceiver final : public rxio::IReceiver {
+public:
+    explicit RewritingReceiver(std::shared_ptr<rxio::IReceiver> inner)
+        : m_inner(std::move(inner)) {}
+
+    std::map<QString, rxio::CommandResult> replies; // by command
+
+    CommandId StartCommand(const QString& command, int timeoutMs, Completion done) override {
+        const auto replaced = replies.find(command);
+        if (replaced == replies.end())
+            return m_inner->StartCommand(command, timeoutMs, std::move(done));
+        // A harmless read keeps the answer as late as a real one.
+        return m_inner->StartCommand(QStringLiteral("print,rcv/model"), timeoutMs,
+                                     [done = std::move(done), result = replaced->second](
+                                         const rxio::CommandResult&) { done(result); });
+    }
+    void Abandon(CommandId id) override { m_inner->Abandon(id); }
+    bool Post(const QString& command) override { return m_inner->Post(command); }
+    bool IsConnected() const override { return m_inner->IsConnected(); }
+    void RegisterNotice(const std::shared_ptr<rxio::INotice>& notice,
+                        rxio::ENotification kind) override {
+        m_inner->RegisterNotice(notice, kind);
+    }
+    void RegisterSatListListener(const std::shared_ptr<rxio::ISatListListener>& listener) override {
+        m_inner->RegisterSatListListener(listener);
+    }
+    void
+    RegisterPositionListener(const std::shared_ptr<rxio::IPositionListener>& listener) override {
+        m_inner->RegisterPositionListener(listener);
+    }
+    rxio::CAlmanacStorage& Almanacs() override { return m_inner->Almanacs(); }
+    rxio::IPort& Port() override { return m_inner->Port(); }
+    void SuspendPort() override { m_inner->SuspendPort(); }
+    void ResumePort() override { m_inner->ResumePort(); }
+    rxio::ReceiverIdentity Identity() const override { return m_inner->Identity(); }
+
+private:
+    std::shared_ptr<rxio::IReceiver> m_inner;
+};
 
 TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
     const QStringList serial{"Serial A", "Serial B", "Serial C", "Serial D",
@@ -260,6 +304,52 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     }
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{}"));
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/event/a/in")), QStringLiteral("on"));
+}
+
+// Names that could not stand in a command are left out; a failed read of a port's message sets
+// leaves them uneditable until a read succeeds.
+TEST(PortsSheetTest, OddRepliesAreKeptOutOfCommands) {
+    const pell::test::ScopedEnglish english;
+    pell::test::SimulatedReceiver simulated(QStringLiteral("ostrel-q"));
+    auto receiver = std::make_shared<RewritingReceiver>(simulated.Receiver());
+    const auto answer = [](const char* reply, bool error = false) {
+        return rxio::CommandResult{rxio::CommandResult::Completed, error,
+                                   QString::fromLatin1(reply)};
+    };
+    receiver->replies = {
+        {QStringLiteral("list,dev/modem/a/jps"), answer("{0,bad slot,x;y,1}")},
+        {QStringLiteral("print,dev/ser/b/msgs"), answer("{2,,busy}", true)},
+        {QStringLiteral("print,dev/ser/c/msgs"), answer("{nmea/GGA,bad set,x;y}")},
+    };
+    const pell::test::ScopedPresenter boxes;
+    Sheet sheet(receiver, nullptr);
+    sheet.show();
+
+    auto* driverSlots = PageTitled(sheet, "Drivers A").findChild<QTreeWidget*>();
+    ASSERT_EQ(driverSlots->topLevelItemCount(), 2);
+    EXPECT_EQ(driverSlots->topLevelItem(1)->text(0), QStringLiteral("1"));
+
+    const auto userDefined = [](CParameterPage& page) {
+        for (QComboBox* box : page.findChildren<QComboBox*>())
+            if (const int user = box->findData(QStringLiteral("user")); user >= 0)
+                box->setCurrentIndex(user);
+        return page.findChild<QListWidget*>();
+    };
+    QListWidget* sets = userDefined(PageTitled(sheet, "Serial C"));
+    ASSERT_TRUE(sets->isEnabled());
+    EXPECT_TRUE(sets->findItems(QStringLiteral("bad set"), Qt::MatchExactly).isEmpty());
+    EXPECT_EQ(sets->findItems(QStringLiteral("nmea/GGA"), Qt::MatchExactly)[0]->checkState(),
+              Qt::Checked);
+
+    auto& serialB = PageTitled(sheet, "Serial B");
+    QListWidget* unread = userDefined(serialB);
+    EXPECT_FALSE(unread->isEnabled());
+    EXPECT_EQ(unread->toolTip(), QStringLiteral("{2,,busy}"));
+    receiver->replies.clear();
+    serialB.Refresh();
+    EXPECT_TRUE(userDefined(serialB)->isEnabled());
+    EXPECT_EQ(unread->toolTip(), QString());
+    EXPECT_TRUE(boxes.Boxes().empty());
 }
 
 TEST(PortsSheetTest, PeriodFitsEitherUpdateRate) {
