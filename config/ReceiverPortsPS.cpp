@@ -248,7 +248,7 @@ void CReceiverPortPage::Watch(QWidget* control, bool link) {
     m_watched.push_back({control, link, {}});
 }
 
-bool CReceiverPortPage::Changed(const QWidget* control) const {
+bool CReceiverPortPage::Edited(const QWidget* control) const {
     return std::any_of(m_watched.begin(), m_watched.end(), [control](const Watched& watched) {
         return watched.control == control && watched.control->isEnabled() &&
                ValueOf(control) != watched.value;
@@ -266,7 +266,7 @@ void CReceiverPortPage::OnValuesRead() {
 
 bool CReceiverPortPage::ConfirmChanges() {
     const bool risky = std::any_of(m_watched.begin(), m_watched.end(), [this](const Watched& w) {
-        return w.link && Changed(w.control);
+        return w.link && Edited(w.control);
     });
     return !risky || g_PellLibApp.MessageBox(
                          this, String(pell::ids::PortsControllerWarning).arg(m_controllerId),
@@ -501,7 +501,7 @@ void CReceiverPortGeneralPP::ReadAuth() {
 bool CReceiverPortGeneralPP::ConfirmChanges() {
     for (const Panel& panel : m_panels) {
         // A warning only: a period that fits neither rate may still be what the user wants.
-        if (panel.period && Changed(panel.period) &&
+        if (panel.period && Edited(panel.period) &&
             !PeriodFits(panel.period->value(), m_rawMs, m_posMs)) {
             if (g_PellLibApp.MessageBox(this, String(pell::ids::PortsPeriodMismatch),
                                         pell::MB_OKCANCEL | pell::MB_ICONWARNING) != pell::IDOK)

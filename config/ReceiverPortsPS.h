@@ -54,7 +54,7 @@ protected:
     // port that cuts its connection when it changes.
     void Watch(QWidget* control, bool link);
     // Whether a watched control differs from what the page last read or wrote.
-    bool Changed(const QWidget* control) const;
+    bool Edited(const QWidget* control) const;
     // The port's input mode: a choice, also on a port that takes no output.
     QComboBox* BindInputMode(const ReceiverPort& port);
     // The port's output mode: a choice, or a label for a port that takes no output.
