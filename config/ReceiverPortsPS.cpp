@@ -25,6 +25,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -57,9 +58,6 @@ constexpr const char* kMessageSets[] = {
     "rtcm3/1074", "rtcm3/1084", "rtcm3/1094", "rtcm3/1124", "rtcm3/1230",
 };
 
-// Settings of the controller's own port that cut its connection when they change.
-constexpr const char* kLinkLeaves[] = {"rate", "bits", "stops", "parity", "rtscts", "imode"};
-
 QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
@@ -90,18 +88,47 @@ QGridLayout* Table(QWidget* parent, std::initializer_list<unsigned> headers) {
     return grid;
 }
 
-// Fields of the page's forms start in one column, whichever form their label is in.
-void AlignLabels(QWidget* page) {
-    int width = 0;
-    const QList<QFormLayout*> forms = page->findChildren<QFormLayout*>();
-    for (const QFormLayout* form : forms)
-        for (int row = 0; row < form->rowCount(); ++row)
-            if (QLayoutItem* label = form->itemAt(row, QFormLayout::LabelRole))
-                width = std::max(width, label->sizeHint().width());
-    for (const QFormLayout* form : forms)
-        for (int row = 0; row < form->rowCount(); ++row)
-            if (QLayoutItem* label = form->itemAt(row, QFormLayout::LabelRole))
-                label->widget()->setMinimumWidth(width);
+// Names the receiver gives go into commands as they are: a port or slot a plain word, a message
+// set words joined by slashes ("nmea/GGA"). Others are left out.
+bool IsPlainName(const QString& name) {
+    static const QRegularExpression plain(QStringLiteral("^[a-z0-9_]+$"));
+    return plain.match(name).hasMatch();
+}
+
+bool IsSetName(const QString& name) {
+    static const QRegularExpression set(QStringLiteral("^[A-Za-z0-9_]+(/[A-Za-z0-9_]+)*$"));
+    return set.match(name).hasMatch();
+}
+
+QVariant ValueOf(const QWidget* control) {
+    if (const auto* box = qobject_cast<const QComboBox*>(control))
+        return box->currentData();
+    if (const auto* check = qobject_cast<const QCheckBox*>(control))
+        return check->isChecked();
+    if (const auto* real = qobject_cast<const QDoubleSpinBox*>(control))
+        return real->value();
+    return {};
+}
+
+// Check boxes in a uniform grid filled left to right, wrapping at the list's width: every set is
+// in view on a wide screen and a narrow one scrolls down only.
+QListWidget* MessageList() {
+    auto* list = new QListWidget;
+    list->setSelectionMode(QAbstractItemView::NoSelection);
+    list->setFlow(QListView::LeftToRight);
+    list->setWrapping(true);
+    list->setResizeMode(QListView::Adjust);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return list;
+}
+
+// The grid fits the widest set, which the receiver may have added.
+void FitGrid(QListWidget* list) {
+    if (list->count() == 0)
+        return;
+    const QFontMetrics metrics = list->fontMetrics();
+    list->setGridSize({list->sizeHintForColumn(0) + metrics.horizontalAdvance(QLatin1Char('0')) * 2,
+                       list->sizeHintForRow(0) + metrics.height() / 4});
 }
 
 // Columns fit their texts with room to breathe; the last takes the rest.
@@ -124,6 +151,35 @@ bool HasOutputMode(const ReceiverPort& port) {
 
 QStringList Members(const CVexReceiverMate& mate, const QString& path) {
     return CVexReceiverMate::SplitList(mate.Run(pell::vexcmd::List(path)));
+}
+
+std::optional<std::vector<ReceiverPort>> Survey(const std::shared_ptr<rxio::IReceiver>& receiver) {
+    try {
+        return FindReceiverPorts(CVexReceiverMate(receiver));
+    } catch (const ulm_std::CException&) {
+        return std::nullopt;
+    }
+}
+
+// What Cancel puts back: the kinds of ports found (not "dev/*", which also holds the timing
+// inputs), their message output and the network settings of their pages. Of a port that takes no
+// output only the input mode is written.
+QStringList MasksFor(const std::optional<std::vector<ReceiverPort>>& ports) {
+    const std::vector<ReceiverPort> found = ports.value_or(std::vector<ReceiverPort>{});
+    QStringList kinds;
+    for (const ReceiverPort& port : found)
+        if (port.takesOutput && !kinds.contains(port.kind))
+            kinds << port.kind;
+    QStringList masks{QStringLiteral("out/*")};
+    for (const QString& kind : kinds) {
+        masks << QStringLiteral("dev/%1/*").arg(kind);
+        if (kind == QLatin1String("tcp") || kind == QLatin1String("udp"))
+            masks << QStringLiteral("net/%1/*").arg(kind);
+    }
+    for (const ReceiverPort& port : found)
+        if (!kinds.contains(port.kind))
+            masks << port.path + QLatin1String("/imode");
+    return masks;
 }
 
 } // namespace
@@ -162,10 +218,9 @@ std::vector<ReceiverPort> FindReceiverPorts(const CVexReceiverMate& mate) {
         } catch (const ulm_std::CCommException&) {
             continue; // a kind the receiver will not list has no ports to show
         }
-        static const QRegularExpression name(QStringLiteral("^[a-z0-9_]+$"));
         for (const QString& letter : letters) {
-            if (!name.match(letter).hasMatch())
-                continue; // not a name that could stand in a command
+            if (!IsPlainName(letter))
+                continue;
             ReceiverPort port{QStringLiteral("dev/%1/%2").arg(kind, letter), kind};
             port.controller = port.Id() == controller || port.path == controller;
             // An empty text goes nowhere: the reply only tells whether the port takes output.
@@ -185,35 +240,61 @@ CReceiverPortPage::CReceiverPortPage(std::shared_ptr<rxio::IReceiver> receiver,
                                      const QString& title, const ReceiverPort* controller,
                                      QWidget* parent)
     : CParameterPage(std::move(receiver), title, parent) {
-    if (controller) {
-        m_controller = controller->path;
+    if (controller)
         m_controllerId = controller->Id();
-    }
 }
 
-bool CReceiverPortPage::ConfirmChanges(const QStringList& commands) {
-    if (m_controller.isEmpty())
-        return true;
-    for (const char* leaf : kLinkLeaves) {
-        const QString prefix = QStringLiteral("set,%1/%2,").arg(m_controller, QLatin1String(leaf));
-        if (std::any_of(commands.begin(), commands.end(),
-                        [&](const QString& command) { return command.startsWith(prefix); }))
-            return g_PellLibApp.MessageBox(
-                       this, String(pell::ids::PortsControllerWarning).arg(m_controllerId),
-                       pell::MB_YESNO | pell::MB_ICONWARNING) == pell::IDYES;
-    }
+void CReceiverPortPage::Watch(QWidget* control, bool link) {
+    m_watched.push_back({control, link, {}});
+}
+
+bool CReceiverPortPage::Edited(const QWidget* control) const {
+    return std::any_of(m_watched.begin(), m_watched.end(), [control](const Watched& watched) {
+        return watched.control == control && watched.control->isEnabled() &&
+               ValueOf(control) != watched.value;
+    });
+}
+
+void CReceiverPortPage::Record() {
+    for (Watched& watched : m_watched)
+        watched.value = ValueOf(watched.control);
+}
+
+void CReceiverPortPage::OnValuesRead() {
+    Record();
+}
+
+bool CReceiverPortPage::ConfirmChanges() {
+    const bool risky = std::any_of(m_watched.begin(), m_watched.end(), [this](const Watched& w) {
+        return w.link && Edited(w.control);
+    });
+    return !risky || g_PellLibApp.MessageBox(
+                         this, String(pell::ids::PortsControllerWarning).arg(m_controllerId),
+                         pell::MB_YESNO | pell::MB_ICONWARNING) == pell::IDYES;
+}
+
+// The questions come from the controls, not from composed commands: a text no command can carry
+// reaches CParameterPage::OnApply, which marks it.
+bool CReceiverPortPage::OnApply() {
+    if (!ConfirmChanges() || !CParameterPage::OnApply())
+        return false;
+    Record();
     return true;
 }
 
-bool CReceiverPortPage::OnApply() {
-    return ConfirmChanges(PendingCommands()) && CParameterPage::OnApply();
+QComboBox* CReceiverPortPage::BindInputMode(const ReceiverPort& port) {
+    auto* box = new QComboBox;
+    BindChoice(box, port.path + QLatin1String("/imode"), TableOf(IMode::EIMode{}));
+    if (port.controller)
+        Watch(box, true);
+    return box;
 }
 
-QWidget* CReceiverPortPage::BindMode(const ReceiverPort& port, const char* leaf,
-                                     const EnumTable& table) {
-    const QString path = port.path + QLatin1Char('/') + QLatin1String(leaf);
+QWidget* CReceiverPortPage::BindOutputMode(const ReceiverPort& port) {
+    const QString path = port.path + QLatin1String("/mode");
+    const EnumTable& table = TableOf(OMode::EOMode{});
     if (!port.takesOutput) {
-        // Shown only: the receiver refuses this port's output, so none of it is written.
+        // Shown only: the receiver refuses this port's output.
         auto* label = new QLabel;
         BindShown(label, path, &table);
         return label;
@@ -250,7 +331,6 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
     auto* page = new QVBoxLayout(this);
     if (ports.size() > 1) {
         m_portList = List({String(pell::ids::PortsColumnPort), String(pell::ids::PortsColumnAuth)});
-        m_portList->setMaximumHeight(m_portList->fontMetrics().height() * 8);
         page->addWidget(m_portList);
     }
     m_panelBox = new QGroupBox(String(pell::ids::PortsGeneralPage));
@@ -265,26 +345,21 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
         layout->setContentsMargins({});
         QFormLayout* form = Form(nullptr);
         layout->addLayout(form);
-        // In columns, so that every set is in view without scrolling on a wide screen.
-        auto* messages = new QListWidget;
-        messages->setSelectionMode(QAbstractItemView::NoSelection);
-        messages->setFlow(QListView::TopToBottom);
-        messages->setWrapping(true);
-        messages->setResizeMode(QListView::Adjust);
-        messages->setSpacing(1);
+        QListWidget* messages = MessageList();
         for (const char* set : kMessageSets) {
             auto* item = new QListWidgetItem(QString::fromLatin1(set), messages);
             item->setCheckState(Qt::Unchecked);
         }
+        FitGrid(messages);
+        messages->setEnabled(false); // until its sets are read
         auto* messagesLabel = new QLabel(String(pell::ids::PortsMessages));
         messagesLabel->setBuddy(messages);
         layout->addWidget(messagesLabel);
         layout->addWidget(messages, 1);
-        form->addRow(String(pell::ids::PortsInputMode),
-                     BindMode(port, "imode", TableOf(IMode::EIMode{})));
+        form->addRow(String(pell::ids::PortsInputMode), BindInputMode(port));
         QComboBox* output = nullptr;
         if (HasOutputMode(port)) {
-            QWidget* mode = BindMode(port, "mode", TableOf(OMode::EOMode{}));
+            QWidget* mode = BindOutputMode(port);
             form->addRow(String(pell::ids::PortsOutputMode), mode);
             output = qobject_cast<QComboBox*>(mode);
         }
@@ -296,15 +371,13 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
             });
         if (port.takesOutput) {
             auto* elevation = SpinBox(-90, 90);
-            auto* period = new QDoubleSpinBox;
-            period->setRange(0, 86400);
-            period->setDecimals(3);
-            period->setAlignment(Qt::AlignRight);
+            auto* period = RealBox(0, 86400, 3);
             form->addRow(String(pell::ids::PortsElevMask), elevation);
             form->addRow(String(pell::ids::PortsPeriod), period);
             BindSigned(elevation, out + QLatin1String("/elm"));
             BindReal(period, out + QLatin1String("/period"));
-            m_panels.push_back({port, output, period, messages, {}});
+            Watch(period, false);
+            m_panels.push_back({port, output, period, messages, {}, false});
         } else {
             auto* elevation = new QLabel;
             auto* period = new QLabel;
@@ -312,8 +385,7 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
             form->addRow(String(pell::ids::PortsPeriod), period);
             BindShown(elevation, out + QLatin1String("/elm"));
             BindShown(period, out + QLatin1String("/period"));
-            messages->setEnabled(false);
-            m_panels.push_back({port, nullptr, nullptr, messages, {}});
+            m_panels.push_back({port, nullptr, nullptr, messages, {}, false});
         }
         connect(messages, &QListWidget::itemChanged, this, [this] {
             if (!m_filling)
@@ -332,6 +404,11 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
         });
         m_portList->setCurrentItem(m_portList->topLevelItem(0));
         FitColumns(m_portList);
+        // Whole rows, a few at most: the selected port's settings need the height more.
+        const int rows = std::min(m_portList->topLevelItemCount(), 5);
+        m_portList->setFixedHeight(m_portList->header()->sizeHint().height() +
+                                   rows * m_portList->sizeHintForRow(0) +
+                                   2 * m_portList->frameWidth());
     }
 }
 
@@ -344,6 +421,7 @@ bool CReceiverPortGeneralPP::PeriodFits(double seconds, int rawMs, int posMs) {
 }
 
 void CReceiverPortGeneralPP::OnValuesRead() {
+    CReceiverPortPage::OnValuesRead();
     const CVexReceiverMate mate(GetReceiver());
     const auto interval = [&mate](const char* path) {
         try {
@@ -360,18 +438,26 @@ void CReceiverPortGeneralPP::OnValuesRead() {
 }
 
 void CReceiverPortGeneralPP::ReadMessages(Panel& panel) {
+    panel.enabled.clear();
     try {
-        panel.enabled = CVexReceiverMate::SplitList(
+        const QStringList sets = CVexReceiverMate::SplitList(
             CVexReceiverMate(GetReceiver())
                 .Run(pell::vexcmd::Print(panel.port.path + QLatin1String("/msgs"))));
+        std::copy_if(sets.begin(), sets.end(), std::back_inserter(panel.enabled), IsSetName);
+        panel.read = true;
+        panel.messages->setToolTip({});
     } catch (const ulm_std::CCommException& error) {
-        panel.enabled.clear();
+        // Unknown sets: ticking one would send em against a state nobody has seen.
+        panel.read = false;
         panel.messages->setToolTip(error.GetReply());
     }
     m_filling = true;
+    const int count = panel.messages->count();
     for (const QString& set : panel.enabled)
         if (panel.messages->findItems(set, Qt::MatchExactly).isEmpty())
             new QListWidgetItem(set, panel.messages);
+    if (panel.messages->count() != count)
+        FitGrid(panel.messages);
     for (int row = 0; row < panel.messages->count(); ++row) {
         QListWidgetItem* item = panel.messages->item(row);
         item->setCheckState(panel.enabled.contains(item->text()) ? Qt::Checked : Qt::Unchecked);
@@ -381,11 +467,10 @@ void CReceiverPortGeneralPP::ReadMessages(Panel& panel) {
 }
 
 void CReceiverPortGeneralPP::SyncMessages(Panel& panel) {
-    if (!panel.port.takesOutput)
-        return;
-    panel.messages->setEnabled(!panel.output ||
-                               (panel.output->isEnabled() &&
-                                panel.output->currentData().toString() == QLatin1String("user")));
+    panel.messages->setEnabled(
+        panel.port.takesOutput && panel.read &&
+        (!panel.output || (panel.output->isEnabled() &&
+                           panel.output->currentData().toString() == QLatin1String("user"))));
 }
 
 // A TCP server port's "Auth": whether a client must give the password.
@@ -413,46 +498,53 @@ void CReceiverPortGeneralPP::ReadAuth() {
     }
 }
 
-bool CReceiverPortGeneralPP::ConfirmChanges(const QStringList& commands) {
+bool CReceiverPortGeneralPP::ConfirmChanges() {
     for (const Panel& panel : m_panels) {
-        if (!panel.period)
-            continue;
-        const QString prefix = QStringLiteral("set,out/%1/period,").arg(panel.port.path);
-        const bool changed = std::any_of(commands.begin(), commands.end(),
-                                         [&](const QString& c) { return c.startsWith(prefix); });
         // A warning only: a period that fits neither rate may still be what the user wants.
-        if (changed && !PeriodFits(panel.period->value(), m_rawMs, m_posMs)) {
+        if (panel.period && Edited(panel.period) &&
+            !PeriodFits(panel.period->value(), m_rawMs, m_posMs)) {
             if (g_PellLibApp.MessageBox(this, String(pell::ids::PortsPeriodMismatch),
                                         pell::MB_OKCANCEL | pell::MB_ICONWARNING) != pell::IDOK)
                 return false;
             break;
         }
     }
-    return CReceiverPortPage::ConfirmChanges(commands);
+    return CReceiverPortPage::ConfirmChanges();
 }
 
 bool CReceiverPortGeneralPP::OnApply() {
+    // Each panel's message commands, each with the one that undoes it, composed before anything
+    // goes out: a set that cannot be named leaves the receiver untouched.
+    std::vector<std::pair<Panel*, std::vector<std::pair<QString, QString>>>> writes;
+    try {
+        for (Panel& panel : m_panels) {
+            if (!panel.messages->isEnabled())
+                continue;
+            std::vector<std::pair<QString, QString>> commands;
+            for (int row = 0; row < panel.messages->count(); ++row) {
+                const QListWidgetItem* item = panel.messages->item(row);
+                const bool on = item->checkState() == Qt::Checked;
+                if (on == panel.enabled.contains(item->text()))
+                    continue;
+                QString enable = pell::vexcmd::EnableMessages(panel.port.Id(), item->text());
+                QString disable = pell::vexcmd::DisableMessages(panel.port.Id(), item->text());
+                commands.emplace_back(on ? std::move(enable) : disable, on ? disable : enable);
+            }
+            if (!commands.empty())
+                writes.emplace_back(&panel, std::move(commands));
+        }
+    } catch (const ulm_std::CWinException& error) {
+        error.ReportError(this);
+        return false;
+    }
     if (!CReceiverPortPage::OnApply())
         return false;
+    if (writes.empty())
+        return true;
+    if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
+        sheet->BeforeWriting();
     const CVexReceiverMate mate(GetReceiver());
-    for (Panel& panel : m_panels) {
-        if (!panel.messages->isEnabled())
-            continue;
-        // Each command with the one that undoes it.
-        std::vector<std::pair<QString, QString>> commands;
-        for (int row = 0; row < panel.messages->count(); ++row) {
-            const QListWidgetItem* item = panel.messages->item(row);
-            const bool on = item->checkState() == Qt::Checked;
-            if (on == panel.enabled.contains(item->text()))
-                continue;
-            QString enable = pell::vexcmd::EnableMessages(panel.port.Id(), item->text());
-            QString disable = pell::vexcmd::DisableMessages(panel.port.Id(), item->text());
-            commands.emplace_back(on ? std::move(enable) : disable, on ? disable : enable);
-        }
-        if (commands.empty())
-            continue;
-        if (auto* sheet = qobject_cast<CParameterSheet*>(GetSheet()))
-            sheet->BeforeWriting();
+    for (auto& [panel, commands] : writes) {
         try {
             for (const auto& [command, undo] : commands) {
                 if (const QString reply = mate.Run(command);
@@ -462,11 +554,11 @@ bool CReceiverPortGeneralPP::OnApply() {
                 Remember(undo);
             }
         } catch (const ulm_std::CException& error) {
-            ReadMessages(panel);
+            ReadMessages(*panel);
             error.ReportError(this);
             return false;
         }
-        ReadMessages(panel);
+        ReadMessages(*panel);
     }
     return true;
 }
@@ -535,7 +627,9 @@ CReceiverPorts_SerialPP::CReceiverPorts_SerialPP(std::shared_ptr<rxio::IReceiver
     BindChoice(stops, port.path + QLatin1String("/stops"), TableOf(EStopBits{}));
     BindChoice(parity, port.path + QLatin1String("/parity"), TableOf(EParity{}));
     BindSwitch(rtscts, port.path + QLatin1String("/rtscts"));
-    AlignLabels(this);
+    if (port.controller)
+        for (QWidget* setting : std::initializer_list<QWidget*>{rate, bits, stops, parity, rtscts})
+            Watch(setting, true);
 }
 
 CReceiverPortGroupPP::CReceiverPortGroupPP(std::shared_ptr<rxio::IReceiver> receiver,
@@ -553,12 +647,11 @@ CReceiverPortGroupPP::CReceiverPortGroupPP(std::shared_ptr<rxio::IReceiver> rece
     for (const ReceiverPort& port : ports) {
         auto* name = new QLabel(port.Label());
         grid->addWidget(name, row, 0);
-        QWidget* input = BindMode(port, "imode", TableOf(IMode::EIMode{}));
+        QWidget* input = BindInputMode(port);
         name->setBuddy(input);
         grid->addWidget(input, row, 1);
-        grid->addWidget(HasOutputMode(port) ? BindMode(port, "mode", TableOf(OMode::EOMode{}))
-                                            : new QLabel(QStringLiteral("—")),
-                        row, 2);
+        grid->addWidget(
+            HasOutputMode(port) ? BindOutputMode(port) : new QLabel(QStringLiteral("—")), row, 2);
         ++row;
     }
 }
@@ -644,7 +737,6 @@ CReceiverPortComModemPP::CReceiverPortComModemPP(std::shared_ptr<rxio::IReceiver
     BindShown(type, path("/type"), &TableOf(EModem{}));
     BindShown(hardware, path("/hw"));
     BindShown(state, path("/cur/state"), &TableOf(EMState{}));
-    AlignLabels(this);
 }
 
 CReceiverPortComDriverPP::CReceiverPortComDriverPP(std::shared_ptr<rxio::IReceiver> receiver,
@@ -670,6 +762,7 @@ CReceiverPortComDriverPP::CReceiverPortComDriverPP(std::shared_ptr<rxio::IReceiv
 }
 
 void CReceiverPortComDriverPP::OnValuesRead() {
+    CReceiverPortPage::OnValuesRead();
     const QString selected = m_slots->currentItem() ? m_slots->currentItem()->text(0) : QString();
     m_slots->clear();
     const CVexReceiverMate mate(GetReceiver());
@@ -677,6 +770,8 @@ void CReceiverPortComDriverPP::OnValuesRead() {
     try {
         for (const QString& slot :
              CVexReceiverMate::SplitList(mate.Run(pell::vexcmd::List(drivers)))) {
+            if (!IsPlainName(slot))
+                continue;
             const QString node = drivers + QLatin1Char('/') + slot;
             const QString id = mate.Run(pell::vexcmd::Print(node + QLatin1String("/id")),
                                         CVexReceiverMate::RemoveQuotes);
@@ -715,19 +810,15 @@ bool CReceiverPortComDriverPP::DeleteSelected() {
 }
 
 CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterSheet(receiver, String(pell::ids::PortsSheet),
-                      {QStringLiteral("dev/*"), QStringLiteral("out/*"),
-                       QStringLiteral("net/tcp/*"), QStringLiteral("net/udp/*")},
-                      parent) {
-    if (!Knows(QStringLiteral("dev")))
+    : CReceiverPortsPS(receiver, Survey(receiver), parent) {}
+
+CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver,
+                                   std::optional<std::vector<ReceiverPort>> ports, QWidget* parent)
+    : CParameterSheet(receiver, String(pell::ids::PortsSheet), MasksFor(ports), parent),
+      m_ports(ports.value_or(std::vector<ReceiverPort>{})) {
+    // A receiver that did not answer: asking again records why, and the sheet reports it.
+    if (!Knows(QStringLiteral("dev")) || !ports)
         return;
-    try {
-        m_ports = FindReceiverPorts(CVexReceiverMate(receiver));
-    } catch (const ulm_std::CException&) {
-        // The receiver stopped answering: asking again records why, and the sheet reports it.
-        Knows(QStringLiteral("dev"));
-        return;
-    }
     const ReceiverPort* controller = Controller();
     std::vector<ReceiverPort> others;
     for (const ReceiverPort& port : m_ports)

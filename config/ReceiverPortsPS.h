@@ -4,6 +4,8 @@
 #include "config/ParameterSheet.h"
 #include "lib/pell_export.h"
 
+#include <QVariant>
+#include <optional>
 #include <vector>
 
 class QComboBox;
@@ -45,17 +47,31 @@ protected:
     bool OnApply() override;
     // Read again when shown after an Apply, which may have written what this page shows.
     void OnSetActive() override;
+    void OnValuesRead() override;
     // The user's answer to what this page is about to write; false keeps the page unwritten.
-    virtual bool ConfirmChanges(const QStringList& commands);
-    // The port's mode `leaf` ("imode", "mode"): a choice, or a label for a port that takes no
-    // output.
-    QWidget* BindMode(const ReceiverPort& port, const char* leaf,
-                      const rxio::vex::EnumTable& table);
+    virtual bool ConfirmChanges();
+    // A control whose change ConfirmChanges asks about; `link`: a setting of the controller's own
+    // port that cuts its connection when it changes.
+    void Watch(QWidget* control, bool link);
+    // Whether a watched control differs from what the page last read or wrote.
+    bool Edited(const QWidget* control) const;
+    // The port's input mode: a choice, also on a port that takes no output.
+    QComboBox* BindInputMode(const ReceiverPort& port);
+    // The port's output mode: a choice, or a label for a port that takes no output.
+    QWidget* BindOutputMode(const ReceiverPort& port);
 
 private:
-    QString m_controller; // "dev/ser/a", or empty
-    QString m_controllerId;
-    int m_readAfter = -1; // the sheet's count of Applies when the page last read
+    struct Watched {
+        QWidget* control;
+        bool link;
+        QVariant value; // as last read or written
+    };
+
+    void Record();
+
+    std::vector<Watched> m_watched;
+    QString m_controllerId; // "/dev/ser/a", or empty
+    int m_readAfter = -1;   // the sheet's count of Applies when the page last read
 };
 
 // General settings of ports: input and output modes, the elevation mask and period of their
@@ -79,7 +95,7 @@ protected:
                            QWidget* parent);
     void OnValuesRead() override;
     bool OnApply() override;
-    bool ConfirmChanges(const QStringList& commands) override;
+    bool ConfirmChanges() override;
     void OnCancel() override;
     void OnConnectionLost() override;
     void OnReceiverGone() override;
@@ -91,6 +107,7 @@ private:
         QDoubleSpinBox* period;
         QListWidget* messages;
         QStringList enabled; // as the receiver last said
+        bool read = false;   // false: the last read failed, the sets are unknown
     };
 
     void Build(const std::vector<ReceiverPort>& ports);
@@ -119,7 +136,7 @@ public:
 };
 
 // The ports of one kind, each with its input and output mode. A port that takes no output shows
-// its modes and is never written.
+// its output mode and has only its input mode written.
 class PELL_EXPORT CReceiverPortGroupPP : public CReceiverPortPage {
     Q_OBJECT
 public:
@@ -191,6 +208,10 @@ protected:
     void OnChangesApplied() override;
 
 private:
+    // The ports are found first: the sheet records only the kinds the receiver has.
+    CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver,
+                     std::optional<std::vector<ReceiverPort>> ports, QWidget* parent);
+
     std::vector<ReceiverPort> m_ports;
     int m_applied = 0;
 };

@@ -11,13 +11,17 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QTreeWidget>
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
+#include <memory>
 
 namespace {
 
@@ -45,20 +49,47 @@ bool Shows(QWidget& page, const QString& text) {
     return false;
 }
 
-bool Change(QWidget* control) {
-    if (auto* box = qobject_cast<QComboBox*>(control)) {
-        if (box->count() < 2)
-            return false;
-        box->setCurrentIndex((box->currentIndex() + 1) % box->count());
-    } else if (auto* check = qobject_cast<QCheckBox*>(control)) {
-        check->toggle();
-    } else if (auto* spin = qobject_cast<QSpinBox*>(control)) {
-        spin->setValue(spin->value() < spin->maximum() ? spin->value() + 1 : spin->value() - 1);
-    } else {
-        return false;
+// The simulated receiver with the replies to some commands replaced: a receiver that names odd
+// things or fails a read.
+class RewritingReceiver final : public rxio::IReceiver {
+public:
+    explicit RewritingReceiver(std::shared_ptr<rxio::IReceiver> inner)
+        : m_inner(std::move(inner)) {}
+
+    std::map<QString, rxio::CommandResult> replies; // by command
+
+    CommandId StartCommand(const QString& command, int timeoutMs, Completion done) override {
+        const auto replaced = replies.find(command);
+        if (replaced == replies.end())
+            return m_inner->StartCommand(command, timeoutMs, std::move(done));
+        // A harmless read keeps the answer as late as a real one.
+        return m_inner->StartCommand(QStringLiteral("print,rcv/model"), timeoutMs,
+                                     [done = std::move(done), result = replaced->second](
+                                         const rxio::CommandResult&) { done(result); });
     }
-    return true;
-}
+    void Abandon(CommandId id) override { m_inner->Abandon(id); }
+    bool Post(const QString& command) override { return m_inner->Post(command); }
+    bool IsConnected() const override { return m_inner->IsConnected(); }
+    void RegisterNotice(const std::shared_ptr<rxio::INotice>& notice,
+                        rxio::ENotification kind) override {
+        m_inner->RegisterNotice(notice, kind);
+    }
+    void RegisterSatListListener(const std::shared_ptr<rxio::ISatListListener>& listener) override {
+        m_inner->RegisterSatListListener(listener);
+    }
+    void
+    RegisterPositionListener(const std::shared_ptr<rxio::IPositionListener>& listener) override {
+        m_inner->RegisterPositionListener(listener);
+    }
+    rxio::CAlmanacStorage& Almanacs() override { return m_inner->Almanacs(); }
+    rxio::IPort& Port() override { return m_inner->Port(); }
+    void SuspendPort() override { m_inner->SuspendPort(); }
+    void ResumePort() override { m_inner->ResumePort(); }
+    rxio::ReceiverIdentity Identity() const override { return m_inner->Identity(); }
+
+private:
+    std::shared_ptr<rxio::IReceiver> m_inner;
+};
 
 TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
     const QStringList serial{"Serial A", "Serial B", "Serial C", "Serial D",
@@ -107,7 +138,8 @@ TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
 }
 
 // Every control of every page, changed alone, sends exactly the one command of its kind; a change
-// that could cut the controller's own connection asks first.
+// that could cut the controller's own connection asks first. A port that takes no output has its
+// input mode written as any other, and nothing of its output.
 TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
     const pell::test::ScopedEnglish english;
     pell::test::ScopedPresenter boxes(pell::IDYES);
@@ -115,8 +147,9 @@ TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
     const QRegularExpression command(QStringLiteral(
-        R"(^set,(dev/[a-z]+/[a-z]/[a-z/]+|out/dev/[a-z]+/[a-z]/(elm|period)|net/(tcp|udp)(/[a-e])?/[a-z]+),(-?\d+|[A-Za-z0-9]+|/dev/ser/[a-d]|".*")$)"));
+        R"(^set,(dev/[a-z]+/[a-z]/[a-z/]+|out/dev/[a-z]+/[a-z]/(elm|period)|net/(tcp|udp)(/[a-e])?/[a-z]+),(-?\d+(\.\d+)?|[A-Za-z0-9]+|/dev/ser/[a-d]|".*")$)"));
     int changed = 0;
+    QStringList written;
     for (int index = 0; index < sheet.GetPageCount(); ++index) {
         sheet.SetActivePage(index);
         auto& page = *static_cast<CParameterPage*>(sheet.GetPage(index));
@@ -131,6 +164,7 @@ TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
             const std::size_t asked = boxes.Boxes().size();
             Click(sheet, "applyButton");
             EXPECT_EQ(WritesSince(receiver, before), pending);
+            written << pending;
             const bool ownLink =
                 QRegularExpression(
                     QStringLiteral("^set,dev/ser/a/(rate|bits|stops|parity|rtscts|imode),"))
@@ -141,6 +175,15 @@ TEST(PortsSheetTest, EachControlWritesOneCommandOfItsKind) {
         }
     }
     EXPECT_GE(changed, 40);
+    for (const ReceiverPort& port : sheet.Ports()) {
+        if (port.takesOutput)
+            continue;
+        const QStringList own = written.filter(port.path + QLatin1Char('/'));
+        ASSERT_FALSE(own.isEmpty()) << port.path.toStdString();
+        for (const QString& write : own)
+            EXPECT_TRUE(write.startsWith(QStringLiteral("set,%1/imode,").arg(port.path)))
+                << write.toStdString();
+    }
     ASSERT_FALSE(boxes.Boxes().empty());
     EXPECT_TRUE(boxes.Boxes().front().text.contains(QStringLiteral("/dev/ser/a")));
 }
@@ -151,18 +194,37 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
 
-    // A value the receiver refuses stays marked with its reply.
-    {
+    // A value the receiver refuses, or a text no command can carry, stays marked with why.
+    auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
+    udp->setMaximum(70000);
+    auto* profile = PageTitled(sheet, "Modem A").findChild<QLineEdit*>();
+    const auto type = [profile](const QString& text) {
+        profile->setText(text);
+        emit profile->textEdited(text);
+    };
+    const struct {
+        std::function<void()> enter, mend;
+        QWidget* control;
+        const char* path;
+        QString stored;
+    } refusals[] = {
+        {[udp] { udp->setValue(70000); }, [udp] { udp->setValue(9000); }, udp, "net/udp/port",
+         QStringLiteral("9000")},
+        {[&type] { type(QStringLiteral("gprs\x01")); }, [&type] { type(QStringLiteral("gprs")); },
+         profile, "dev/modem/a/profile", QStringLiteral("\"gprs\"")},
+    };
+    for (const auto& r : refusals) {
         pell::test::ScopedPresenter boxes;
-        auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
-        udp->setMaximum(70000);
-        udp->setValue(70000);
+        r.enter();
         Click(sheet, "applyButton");
-        EXPECT_EQ(udp->toolTip(), QStringLiteral("{2,,value out of range}"));
-        udp->setValue(9000);
+        EXPECT_TRUE(r.control->property("refused").toBool()) << r.path;
+        EXPECT_FALSE(r.control->toolTip().isEmpty()) << r.path;
+        EXPECT_EQ(boxes.Boxes().size(), 1u) << r.path;
+        r.mend();
         Click(sheet, "applyButton");
-        EXPECT_EQ(receiver.Value(QStringLiteral("net/udp/port")), QStringLiteral("9000"));
+        EXPECT_EQ(receiver.Value(QString::fromLatin1(r.path)), r.stored);
     }
+    EXPECT_EQ(udp->toolTip(), QString());
 
     // The message period must fit raw/msint or pos/msint (100 ms here): a warning the user may
     // override. Messages go out with em/dm while the output mode is user defined.
@@ -208,14 +270,6 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     Click(sheet, "applyButton");
     EXPECT_TRUE(Shows(PageTitled(sheet, "General"), QStringLiteral("JPS")));
 
-    // A port that takes no output is shown and never written.
-    auto& bluetooth = PageTitled(sheet, "Bluetooth");
-    EXPECT_TRUE(bluetooth.findChildren<QComboBox*>().isEmpty());
-    const QList<QLabel*> labels = bluetooth.findChildren<QLabel*>();
-    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
-        return label->text() == QStringLiteral("/dev/ble/a (no output)");
-    }));
-
     // Deleting a driver asks first; No leaves it.
     auto& drivers = PageTitled<CReceiverPortComDriverPP>(sheet, "Drivers A");
     auto* driverSlots = drivers.findChild<QTreeWidget*>();
@@ -234,18 +288,68 @@ TEST(PortsSheetTest, RefusalsWarningsAndPrompts) {
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/modem/a/jps/1/mode")), QStringLiteral("present"));
     EXPECT_FALSE(drivers.DeleteSelected()); // the slot is empty now
 
-    // Cancel after an Apply that stopped at a refusal takes back the message sets it enabled.
+    // Cancel after an Apply that stopped at a refusal takes back the message sets it enabled, and
+    // leaves what is not a port's, such as a timing input another window changed meanwhile.
     PageTitled(sheet, "Serial B");
     messages->item(2)->setCheckState(Qt::Checked);
-    auto* udp = PageTitled(sheet, "UDP Port").findChild<QSpinBox*>();
+    PageTitled(sheet, "UDP Port");
     udp->setValue(70000);
     {
         const pell::test::ScopedPresenter boxes;
         Click(sheet, "applyButton");
         EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{nmea/GSA}"));
+        rxsim::SideEffects effects;
+        receiver.Simulator().State().Execute(QStringLiteral("set,dev/event/a/in,on"), effects);
         Click(sheet, "cancelButton");
     }
     EXPECT_EQ(receiver.Value(QStringLiteral("dev/ser/b/msgs")), QStringLiteral("{}"));
+    EXPECT_EQ(receiver.Value(QStringLiteral("dev/event/a/in")), QStringLiteral("on"));
+}
+
+// Names that could not stand in a command are left out; a failed read of a port's message sets
+// leaves them uneditable until a read succeeds.
+TEST(PortsSheetTest, OddRepliesAreKeptOutOfCommands) {
+    const pell::test::ScopedEnglish english;
+    pell::test::SimulatedReceiver simulated(QStringLiteral("ostrel-q"));
+    auto receiver = std::make_shared<RewritingReceiver>(simulated.Receiver());
+    const auto answer = [](const char* reply, bool error = false) {
+        return rxio::CommandResult{rxio::CommandResult::Completed, error,
+                                   QString::fromLatin1(reply)};
+    };
+    receiver->replies = {
+        {QStringLiteral("list,dev/modem/a/jps"), answer("{0,bad slot,x;y,1}")},
+        {QStringLiteral("print,dev/ser/b/msgs"), answer("{2,,busy}", true)},
+        {QStringLiteral("print,dev/ser/c/msgs"), answer("{nmea/GGA,bad set,x;y}")},
+    };
+    const pell::test::ScopedPresenter boxes;
+    Sheet sheet(receiver, nullptr);
+    sheet.show();
+
+    auto* driverSlots = PageTitled(sheet, "Drivers A").findChild<QTreeWidget*>();
+    ASSERT_EQ(driverSlots->topLevelItemCount(), 2);
+    EXPECT_EQ(driverSlots->topLevelItem(1)->text(0), QStringLiteral("1"));
+
+    const auto userDefined = [](CParameterPage& page) {
+        for (QComboBox* box : page.findChildren<QComboBox*>())
+            if (const int user = box->findData(QStringLiteral("user")); user >= 0)
+                box->setCurrentIndex(user);
+        return page.findChild<QListWidget*>();
+    };
+    QListWidget* sets = userDefined(PageTitled(sheet, "Serial C"));
+    ASSERT_TRUE(sets->isEnabled());
+    EXPECT_TRUE(sets->findItems(QStringLiteral("bad set"), Qt::MatchExactly).isEmpty());
+    EXPECT_EQ(sets->findItems(QStringLiteral("nmea/GGA"), Qt::MatchExactly)[0]->checkState(),
+              Qt::Checked);
+
+    auto& serialB = PageTitled(sheet, "Serial B");
+    QListWidget* unread = userDefined(serialB);
+    EXPECT_FALSE(unread->isEnabled());
+    EXPECT_EQ(unread->toolTip(), QStringLiteral("{2,,busy}"));
+    receiver->replies.clear();
+    serialB.Refresh();
+    EXPECT_TRUE(userDefined(serialB)->isEnabled());
+    EXPECT_EQ(unread->toolTip(), QString());
+    EXPECT_TRUE(boxes.Boxes().empty());
 }
 
 TEST(PortsSheetTest, PeriodFitsEitherUpdateRate) {
