@@ -37,8 +37,8 @@ QString AddressLine(const QString& host, const QString& port) {
 CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterPage(std::move(receiver), String(pell::ids::NtripClientPage), parent),
       m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(PortBox()),
-      m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel),
-      m_proxyPort(new QLabel), m_state(new QLabel), m_casterLine(new QLabel),
+      m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel(this)),
+      m_proxyPort(new QLabel(this)), m_state(new QLabel), m_casterLine(new QLabel),
       m_proxyLine(new QLabel) {
     auto* dataPort = new QComboBox;
     auto* user = new QLineEdit;
@@ -51,8 +51,6 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     MaskPassword(password);
     m_state->setWordWrap(true);
     error->setWordWrap(true);
-    m_proxy->hide();
-    m_proxyPort->hide();
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* general = Form(nullptr);
@@ -138,6 +136,10 @@ bool CNtrip_ClientPP::OnApply() {
 }
 
 void CNtrip_ClientPP::OnValuesRead() {
+    // The proxy's address and port feed the line under "Proxy Server" and never show themselves;
+    // a reading shows the controls of the parameters the receiver knows.
+    m_proxy->hide();
+    m_proxyPort->hide();
     // The client's state means nothing while the receiver's NTRIP function is not the client.
     if (m_function->currentData().toString() !=
         TableOf(NtripMode::ENtripMode{}).Text(NtripMode::Client))
