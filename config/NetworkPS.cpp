@@ -270,7 +270,7 @@ CNetworkHTTPPP::CNetworkHTTPPP(std::shared_ptr<rxio::IReceiver> receiver, QWidge
     page->addLayout(server);
     server->addRow(Label(ids::NetworkHttpPort), port);
     server->addRow(Label(ids::NetworkHttpsPort), securePort);
-    QFormLayout* account = Form(Group(String(ids::NetworkAccount), page));
+    QFormLayout* account = Form(Group(String(ids::NetworkServerLogin), page));
     auto* loginLabel = new QLabel(Label(ids::NetworkLogin));
     loginLabel->setBuddy(m_login);
     account->addRow(loginLabel, WithButton(m_login, change));

@@ -447,5 +447,6 @@ constexpr unsigned NetworkVarDial = 61976;
 constexpr unsigned NetworkVarBand = 61977;
 constexpr unsigned NetworkVarRetry = 61978;
 constexpr unsigned NetworkVarTimeout = 61979;
+constexpr unsigned NetworkServerLogin = 61980;
 
 } // namespace pell::ids

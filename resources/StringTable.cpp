@@ -468,6 +468,7 @@ constexpr StringEntry kEntries[] = {
     {61977, QT_TRANSLATE_NOOP3("PellLib", "Radio band", "61977")},
     {61978, QT_TRANSLATE_NOOP3("PellLib", "Dial attempts before giving up", "61978")},
     {61979, QT_TRANSLATE_NOOP3("PellLib", "Seconds to wait for a connection", "61979")},
+    {61980, QT_TRANSLATE_NOOP3("PellLib", "Server Login", "61980")},
 };
 
 } // namespace

@@ -2119,6 +2119,11 @@
         <comment>61979</comment>
         <translation>Sekunden Wartezeit auf eine Verbindung</translation>
     </message>
+    <message>
+        <source>Server Login</source>
+        <comment>61980</comment>
+        <translation>Server-Anmeldung</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>
