@@ -33,9 +33,10 @@ unsigned NameId(EIPv4Field field) {
 } // namespace
 
 QString IPv4Refusal(EIPv4Field field, const QString& text) {
-    static const QRegularExpression dotted(
-        QStringLiteral(R"(^(0|[1-9][0-9]{0,2})\.(0|[1-9][0-9]{0,2})\.(0|[1-9][0-9]{0,2})\.)"
-                       R"((0|[1-9][0-9]{0,2})$)"));
+    // Anchored as a whole: "$" would let a trailing line break through.
+    static const QRegularExpression dotted(QRegularExpression::anchoredPattern(
+        QStringLiteral(R"((0|[1-9][0-9]{0,2})\.(0|[1-9][0-9]{0,2})\.(0|[1-9][0-9]{0,2})\.)"
+                       R"((0|[1-9][0-9]{0,2}))")));
     const QRegularExpressionMatch match = dotted.match(text);
     bool fits = match.hasMatch();
     quint32 value = 0;
@@ -83,7 +84,10 @@ CIPv4Dlg::CIPv4Dlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent,
     }
 }
 
-QString CIPv4Dlg::Summary() const {
-    return String(pell::ids::NetworkAddressLine)
-        .arg(m_address ? m_address->text() : QString(), m_mask ? m_mask->text() : QString());
+QString CIPv4Dlg::Address() const {
+    return m_address ? m_address->text() : QString();
+}
+
+QString CIPv4Dlg::Mask() const {
+    return m_mask ? m_mask->text() : QString();
 }

@@ -33,8 +33,9 @@ public:
     CIPv4Dlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent, const QString& caption,
              const Paths& paths);
 
-    // "192.168.4.1 / 255.255.255.0": the address and mask as the dialog shows them.
-    QString Summary() const;
+    // The address and the mask as the dialog shows them; empty without the field.
+    QString Address() const;
+    QString Mask() const;
 
 private:
     QLineEdit* m_address = nullptr;

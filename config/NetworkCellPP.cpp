@@ -116,7 +116,10 @@ void CNetworkCellPP::OnInitDialog() {
             .ReadDword(QStringLiteral("private\\") + QLatin1String(metaObject()->className()),
                        kViewModeValue)
             .value_or(ModemsAndProfile);
-    SetViewMode(mode == Modems ? Modems : ModemsAndProfile);
+    {
+        const QSignalBlocker reading(m_view); // what was remembered needs no remembering
+        SetViewMode(mode == Modems ? Modems : ModemsAndProfile);
+    }
     CParameterPage::OnInitDialog();
 }
 

@@ -5,13 +5,11 @@
 #include "config/UserCredentialsDlg.h"
 #include "lib/Common.h"
 #include "lib/PellLib.h"
-#include "lib/SettingsStore.h"
 #include "resources/StringIds.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -164,9 +162,8 @@ void CNetworkWlanPP::EditAccessPointAddress() {
     RunParameterDialog<CIPv4Dlg>(
         *this,
         [this](CIPv4Dlg& dialog) {
-            const QStringList shown = dialog.Summary().split(QStringLiteral(" / "));
-            m_apAddress->setText(shown.value(0));
-            m_apMask->setText(shown.value(1));
+            m_apAddress->setText(dialog.Address());
+            m_apMask->setText(dialog.Mask());
         },
         String(ids::NetworkAccessPointAddress),
         CIPv4Dlg::Paths{QStringLiteral("wlan/ap/ip"), QStringLiteral("wlan/ap/mask"), {}, {}});

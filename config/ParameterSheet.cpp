@@ -108,7 +108,10 @@ void CParameterSheet::OnDestroy() {
     if (m_restorer && ClosingResult() != pell::IDOK)
         pell::RunAndReport(this, [this] { m_restorer->Restore(); });
     ForgetRecord();
-    if (std::exchange(m_resetOwed, false))
-        pell::RunAndReport(this, [this] { m_mate.Run(pell::vexcmd::Reset()); });
+    const bool reset = std::exchange(m_resetOwed, false);
     CPellPropertySheet::OnDestroy();
+    // Only now that the sheet and its pages no longer listen: the receiver's notice of its reset
+    // must not turn an OK into a Cancel.
+    if (reset)
+        pell::RunAndReport(this, [this] { m_mate.Run(pell::vexcmd::Reset()); });
 }

@@ -396,7 +396,6 @@ constexpr unsigned NetworkPassword = 61925;
 constexpr unsigned NetworkHideName = 61926;
 constexpr unsigned NetworkChange = 61927;
 constexpr unsigned NetworkAccessPointAddress = 61928;
-constexpr unsigned NetworkAddressLine = 61929;
 constexpr unsigned NetworkObtainedAddress = 61930;
 constexpr unsigned NetworkPppMode = 61931;
 constexpr unsigned NetworkState = 61932;

@@ -417,7 +417,6 @@ constexpr StringEntry kEntries[] = {
     {61926, QT_TRANSLATE_NOOP3("PellLib", "Hide the network name", "61926")},
     {61927, QT_TRANSLATE_NOOP3("PellLib", "Change…", "61927")},
     {61928, QT_TRANSLATE_NOOP3("PellLib", "Access Point Address", "61928")},
-    {61929, QT_TRANSLATE_NOOP3("PellLib", "%1 / %2", "61929")},
     {61930, QT_TRANSLATE_NOOP3("PellLib", "Obtained Address", "61930")},
     {61931, QT_TRANSLATE_NOOP3("PellLib", "Link Mode", "61931")},
     {61932, QT_TRANSLATE_NOOP3("PellLib", "State", "61932")},

@@ -1865,11 +1865,6 @@
         <translation>Adresse des Zugangspunkts</translation>
     </message>
     <message>
-        <source>%1 / %2</source>
-        <comment>61929</comment>
-        <translation>%1 / %2</translation>
-    </message>
-    <message>
         <source>Obtained Address</source>
         <comment>61930</comment>
         <translation>Bezogene Adresse</translation>

@@ -34,6 +34,28 @@ QStringList BoxesSince(const ScopedPresenter& boxes, std::size_t before) {
     return texts;
 }
 
+TEST(NetworkSheetTest, AddressesAreFourPlainNumbersAndMasksOnesThenZeros) {
+    const ScopedEnglish english;
+    const struct {
+        const char* text;
+        bool address, mask;
+    } cases[] = {
+        {"192.168.4.1", true, false},    {"0.0.0.0", true, true},
+        {"255.255.255.255", true, true}, {"255.255.248.0", true, true},
+        {"255.0.255.0", true, false},    {"256.1.1.1", false, false},
+        {"010.0.0.1", false, false},     {"1.2.3", false, false},
+        {"1.2.3.4.5", false, false},     {"1.2.3.4\n", false, false},
+        {" 1.2.3.4", false, false},      {"", false, false},
+    };
+    for (const auto& c : cases) {
+        const QString text = QString::fromLatin1(c.text);
+        EXPECT_EQ(IPv4Refusal(EIPv4Field::Gateway, text),
+                  c.address ? QString() : QStringLiteral("Invalid Gateway value."))
+            << c.text;
+        EXPECT_EQ(IPv4Refusal(EIPv4Field::Mask, text).isEmpty(), c.mask) << c.text;
+    }
+}
+
 TEST(NetworkSheetTest, PagesFollowTheServicesTheReceiverHas) {
     const ScopedEnglish english;
     const struct {
@@ -155,6 +177,8 @@ TEST(NetworkSheetTest, ChangesNeedingAResetAreWrittenOnlyOnYesAndResetOnClosing)
         EXPECT_EQ(sheet.isVisible(), !c.written || c.button == std::string("applyButton"));
         if (sheet.isVisible())
             Click(sheet, "cancelButton");
+        else
+            EXPECT_EQ(sheet.result(), pell::IDOK); // the reset it asked for does not cancel it
         QStringList expected;
         if (c.written)
             expected << "set,net/ftp/port,2121";
