@@ -20,6 +20,7 @@ CUserCredentialsDlg::CUserCredentialsDlg(std::shared_ptr<rxio::IReceiver> receiv
     password->setMinimumWidth(width);
     auto* page = new QVBoxLayout(&Body());
     QFormLayout* form = CParameterPage::Form(nullptr);
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow); // long logins and passwords
     page->addLayout(form);
     const QString loginLabel = g_PellLibApp.XLoadString(pell::ids::NetworkLogin) + QLatin1Char(':');
     if (loginPath.isEmpty()) {
