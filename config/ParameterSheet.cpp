@@ -60,7 +60,8 @@ bool CParameterSheet::ConfirmReset(CParameterPage& writer) {
     for (const QString& path : changed) {
         if (!m_needsReset.contains(path)) {
             try {
-                m_needsReset[path] = m_mate.Run(pell::vexcmd::PrintNeedsReset(path)) == "y";
+                m_needsReset[path] =
+                    m_mate.Run(pell::vexcmd::PrintNeedsReset(path)) == QLatin1String("y");
             } catch (const ulm_std::CCommException&) {
                 m_needsReset[path] = false; // a receiver that cannot tell takes it at once
             }
