@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 // A dialog of receiver parameters over OK and Cancel. Its controls are bound in a parameter
 // page that fills the dialog (Body()), so it reads, writes and shows a refusal the way a page
@@ -47,11 +48,13 @@ private:
 
 // Opens a parameter dialog from a page and marks the page modified when the dialog's OK wrote, so
 // the sheet's Apply keeps the values and its Cancel puts them back; `written` then lets the page
-// show what the dialog wrote. Returns IDOK or IDCANCEL.
-template <class Dialog>
+// show what the dialog wrote. `args` follow the receiver and the page in the dialog's
+// constructor. Returns IDOK or IDCANCEL.
+template <class Dialog, class... Args>
 int RunParameterDialog(
-    CParameterPage& page, const std::function<void(Dialog&)>& written = [](Dialog&) {}) {
-    CPellWindow<Dialog> dialog(page.GetReceiver(), &page);
+    CParameterPage& page, const std::function<void(Dialog&)>& written = [](Dialog&) {},
+    Args&&... args) {
+    CPellWindow<Dialog> dialog(page.GetReceiver(), &page, std::forward<Args>(args)...);
     const int result = dialog.exec();
     if (result == pell::IDOK && dialog.Wrote()) {
         page.SetModified(true);

@@ -2,6 +2,7 @@
 
 #include "config/ParameterSheet.h"
 #include "lib/Exceptions.h"
+#include "lib/PellLib.h"
 #include "lib/Translator.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
@@ -11,9 +12,11 @@
 #include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <QTreeWidget>
 #include <algorithm>
 #include <limits>
 
@@ -92,8 +95,8 @@ void CParameterPage::BindReal(QDoubleSpinBox* box, const QString& path) {
     Add({box, path, Real});
 }
 
-void CParameterPage::BindText(QLineEdit* edit, const QString& path) {
-    Add({edit, path, Text});
+void CParameterPage::BindText(QLineEdit* edit, const QString& path, TextCheck check) {
+    Add({edit, path, Text, nullptr, {}, {}, std::move(check)});
 }
 
 void CParameterPage::BindShown(QLabel* label, const QString& path,
@@ -138,6 +141,23 @@ QDoubleSpinBox* CParameterPage::RealBox(double minimum, double maximum, int deci
     FitWidth(box, box->locale().toString(minimum, 'f', decimals),
              box->locale().toString(maximum, 'f', decimals));
     return box;
+}
+
+QTreeWidget* CParameterPage::List(const QStringList& columns) {
+    auto* list = new QTreeWidget;
+    list->setHeaderLabels(columns);
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    list->setAllColumnsShowFocus(true);
+    list->header()->setStretchLastSection(true);
+    return list;
+}
+
+void CParameterPage::FitColumns(QTreeWidget* list) {
+    for (int column = 0; column + 1 < list->columnCount(); ++column) {
+        list->resizeColumnToContents(column);
+        list->setColumnWidth(column, list->columnWidth(column) + list->fontMetrics().height() * 2);
+    }
 }
 
 void CParameterPage::OnInitDialog() {
@@ -296,6 +316,13 @@ QStringList CParameterPage::PendingCommands() {
     return commands;
 }
 
+QStringList CParameterPage::ChangedPaths() {
+    QStringList paths;
+    for (const Binding* binding : Changed())
+        paths << binding->path;
+    return paths;
+}
+
 bool CParameterPage::SheetClosing() const {
     const auto* closing = qobject_cast<const CDialogBase*>(window());
     return closing && closing->ClosingResult() != 0;
@@ -313,6 +340,12 @@ bool CParameterPage::OnApply() {
     // page before it has written anything.
     std::vector<std::pair<Binding*, QString>> commands;
     for (Binding* binding : Changed()) {
+        if (const QString refusal = binding->check ? binding->check(Current(*binding)) : QString();
+            !refusal.isEmpty()) {
+            Mark(*binding, refusal);
+            g_PellLibApp.MessageBox(this, refusal, pell::MB_OK | pell::MB_ICONERROR);
+            return false;
+        }
         try {
             commands.emplace_back(binding, Command(*binding));
         } catch (const ulm_std::CWinException& error) {
@@ -323,8 +356,11 @@ bool CParameterPage::OnApply() {
     }
     if (commands.empty())
         return true;
-    if (CParameterSheet* sheet = Recorder())
+    if (CParameterSheet* sheet = Recorder()) {
+        if (!sheet->ConfirmReset(*this))
+            return false;
         sheet->BeforeWriting();
+    }
     const CVexReceiverMate mate(GetReceiver());
     for (auto& [binding, command] : commands) {
         try {

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <vector>
 
 class QBoxLayout;
@@ -17,6 +18,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
+class QTreeWidget;
 class CParameterSheet;
 
 // A configuration page as a table: each control bound to one receiver parameter and the kind of
@@ -39,6 +41,9 @@ public:
         Shown,    // read only
     };
 
+    // Gives the refusal to show for a text that must not be written, or nothing for a good one.
+    using TextCheck = std::function<QString(const QString&)>;
+
     CParameterPage(std::shared_ptr<rxio::IReceiver> receiver, const QString& title,
                    QWidget* parent = nullptr);
 
@@ -51,7 +56,8 @@ public:
     void BindSigned(QSpinBox* box, const QString& path);
     void BindUnsigned(QSpinBox* box, const QString& path);
     void BindReal(QDoubleSpinBox* box, const QString& path);
-    void BindText(QLineEdit* edit, const QString& path);
+    // A text with a check is refused, and the page writes nothing, while `check` finds fault.
+    void BindText(QLineEdit* edit, const QString& path, TextCheck check = {});
     // A value shown in a label, by its display name when the enumeration is given.
     void BindShown(QLabel* label, const QString& path, const rxio::vex::EnumTable* table = nullptr);
 
@@ -64,11 +70,16 @@ public:
     // A network port number up to 65535: written without group separators, as ports are.
     static QSpinBox* PortBox(int minimum = 1);
     static QDoubleSpinBox* RealBox(double minimum, double maximum, int decimals);
+    // A list of rows under column headers, its last column taking the spare width; FitColumns
+    // sizes the other columns to their contents once the rows are in.
+    static QTreeWidget* List(const QStringList& columns);
+    static void FitColumns(QTreeWidget* list);
 
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
-    // The commands Apply would send now, in the table's order.
+    // The commands Apply would send now, in the table's order, and the parameters they set.
     QStringList PendingCommands();
+    QStringList ChangedPaths();
 
 protected:
     void OnInitDialog() override;
@@ -85,15 +96,16 @@ private:
     struct Binding {
         Binding(QWidget* boundControl, QString boundPath, EKind boundKind,
                 const rxio::vex::EnumTable* words = nullptr, QString onWord = {},
-                QString offWord = {})
+                QString offWord = {}, TextCheck textCheck = {})
             : control(boundControl), path(std::move(boundPath)), kind(boundKind), table(words),
-              on(std::move(onWord)), off(std::move(offWord)) {}
+              on(std::move(onWord)), off(std::move(offWord)), check(std::move(textCheck)) {}
 
         QWidget* control;
         QString path;
         EKind kind;
         const rxio::vex::EnumTable* table;
         QString on, off;
+        TextCheck check;
         bool known = false;    // the receiver has the parameter
         bool writable = false; // read, and shown exactly as the receiver gave it
         QString applied;       // the value as read or last written, in the receiver's form

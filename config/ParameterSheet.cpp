@@ -1,7 +1,9 @@
 #include "config/ParameterSheet.h"
 
+#include "config/ParameterPage.h"
 #include "lib/Common.h"
 #include "lib/Exceptions.h"
+#include "lib/PellLib.h"
 #include "receiver/VexCommands.h"
 
 CParameterSheet::CParameterSheet(std::shared_ptr<rxio::IReceiver> receiver, const QString& caption,
@@ -43,9 +45,45 @@ void CParameterSheet::BeforeWriting() {
     m_restorer = std::make_unique<pell::CSettingsRestorer<CVexReceiverMate>>(m_mate, present);
 }
 
+void CParameterSheet::AskBeforeReset(const QString& question) {
+    m_resetQuestion = question;
+}
+
+bool CParameterSheet::ConfirmReset(CParameterPage& writer) {
+    if (m_resetQuestion.isEmpty())
+        return true;
+    QStringList changed = writer.ChangedPaths();
+    for (int i = 0; i < GetPageCount(); ++i)
+        if (auto* page = qobject_cast<CParameterPage*>(GetPage(i)); page && page->IsModified())
+            changed << page->ChangedPaths();
+    bool ask = false;
+    for (const QString& path : changed) {
+        if (!m_needsReset.contains(path)) {
+            try {
+                m_needsReset[path] =
+                    m_mate.Run(pell::vexcmd::PrintNeedsReset(path)) == QLatin1String("y");
+            } catch (const ulm_std::CCommException&) {
+                m_needsReset[path] = false; // a receiver that cannot tell takes it at once
+            }
+        }
+        ask = ask || (m_needsReset[path] && !m_agreedToReset.contains(path));
+    }
+    if (!ask)
+        return true;
+    if (g_PellLibApp.MessageBox(&writer, m_resetQuestion, pell::MB_YESNO | pell::MB_ICONQUESTION) !=
+        pell::IDYES)
+        return false;
+    for (const QString& path : changed)
+        if (m_needsReset[path])
+            m_agreedToReset.insert(path);
+    return true;
+}
+
 void CParameterSheet::OnChangesApplied() {
     // Kept; the next write records afresh.
     ForgetRecord();
+    m_resetOwed = m_resetOwed || !m_agreedToReset.isEmpty();
+    m_agreedToReset.clear();
 }
 
 void CParameterSheet::ForgetRecord() {
@@ -56,11 +94,14 @@ void CParameterSheet::ForgetRecord() {
 
 void CParameterSheet::OnConnectionLost() {
     ForgetRecord();
+    m_resetOwed = false;
     CPellPropertySheet::OnConnectionLost();
 }
 
 void CParameterSheet::OnReceiverGone() {
+    // Reset already, or switched off.
     ForgetRecord();
+    m_resetOwed = false;
     CPellPropertySheet::OnReceiverGone();
 }
 
@@ -68,5 +109,10 @@ void CParameterSheet::OnDestroy() {
     if (m_restorer && ClosingResult() != pell::IDOK)
         pell::RunAndReport(this, [this] { m_restorer->Restore(); });
     ForgetRecord();
+    const bool reset = std::exchange(m_resetOwed, false);
     CPellPropertySheet::OnDestroy();
+    // Only now that the sheet and its pages no longer listen: the receiver's notice of its reset
+    // must not turn an OK into a Cancel.
+    if (reset)
+        pell::RunAndReport(this, [this] { m_mate.Run(pell::vexcmd::Reset()); });
 }

@@ -62,16 +62,6 @@ QString String(unsigned id) {
     return g_PellLibApp.XLoadString(id);
 }
 
-QTreeWidget* List(const QStringList& columns) {
-    auto* list = new QTreeWidget;
-    list->setHeaderLabels(columns);
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAllColumnsShowFocus(true);
-    list->header()->setStretchLastSection(true);
-    return list;
-}
-
 // A grid under bold column headers, its last column taking the spare width.
 QGridLayout* Table(QWidget* parent, std::initializer_list<unsigned> headers) {
     auto* grid = new QGridLayout(parent);
@@ -129,14 +119,6 @@ void FitGrid(QListWidget* list) {
     const QFontMetrics metrics = list->fontMetrics();
     list->setGridSize({list->sizeHintForColumn(0) + metrics.horizontalAdvance(QLatin1Char('0')) * 2,
                        list->sizeHintForRow(0) + metrics.height() / 4});
-}
-
-// Columns fit their texts with room to breathe; the last takes the rest.
-void FitColumns(QTreeWidget* list) {
-    for (int column = 0; column + 1 < list->columnCount(); ++column) {
-        list->resizeColumnToContents(column);
-        list->setColumnWidth(column, list->columnWidth(column) + list->fontMetrics().height() * 2);
-    }
 }
 
 // The port letter shown in page titles: "dev/ser/a" → "A".

@@ -3,6 +3,7 @@
 #include "AboutDialog.h"
 #include "AppIcon.h"
 #include "InProcess.h"
+#include "config/NetworkPS.h"
 #include "config/NtripPS.h"
 #include "config/PPSEventFrqPS.h"
 #include "config/ReceiverPortsPS.h"
@@ -124,6 +125,7 @@ void MainWindow::BuildMenus() {
     m_receiverPorts =
         receiver->addAction(tr("Receiver P&orts…"), this, &MainWindow::ShowReceiverPorts);
     m_ntrip = receiver->addAction(tr("&NTRIP…"), this, &MainWindow::ShowNtrip);
+    m_network = receiver->addAction(tr("Net&work…"), this, &MainWindow::ShowNetwork);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -298,7 +300,7 @@ void MainWindow::OnStateChanged() {
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
     for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
-                            m_trackingPositioning, m_receiverPorts, m_ntrip})
+                            m_trackingPositioning, m_receiverPorts, m_ntrip, m_network})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -347,6 +349,11 @@ void MainWindow::ShowTrackingPositioning() {
 void MainWindow::ShowNtrip() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_NtripPS(std::move(receiver), this);
+}
+
+void MainWindow::ShowNetwork() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_NetworkPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowReceiverPorts() {

@@ -41,6 +41,7 @@ public slots:
     void ShowTimingSignals();
     void ShowTrackingPositioning();
     void ShowNtrip();
+    void ShowNetwork();
     void ShowReceiverPorts();
 
 private:
@@ -70,6 +71,7 @@ private:
     QAction* m_timingSignals = nullptr;
     QAction* m_trackingPositioning = nullptr;
     QAction* m_ntrip = nullptr;
+    QAction* m_network = nullptr;
     QAction* m_receiverPorts = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;

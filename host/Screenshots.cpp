@@ -4,6 +4,8 @@
 #include "MainWindow.h"
 #include "Model.h"
 #include "Simulator.h"
+#include "config/IPv4Dlg.h"
+#include "config/NetworkPS.h"
 #include "config/NtripPS.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PPSEventFrqPS.h"
@@ -15,8 +17,11 @@
 #include "config/ReceiverSettingsImport_SelectParametersPP.h"
 #include "config/SettingsFile.h"
 #include "config/TrackingPositioningPS.h"
+#include "config/UserCredentialsDlg.h"
+#include "lib/PellLib.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
+#include "resources/StringIds.h"
 #include "status/ReceiverStatusPS.h"
 #include "status/StatusSatPlotPP.h"
 
@@ -34,6 +39,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <utility>
 
 namespace dorrit {
 
@@ -159,10 +165,11 @@ bool SettleUntil(const std::function<bool()>& done, int ms) {
     return true;
 }
 
-// A dialog at its own size and filling the field controller's screen.
-template <class Dialog>
-void SaveDialog(Shooter& shooter, CParameterSheet& sheet, const QString& name) {
-    CPellWindow<Dialog> dialog(sheet.GetReceiver(), &sheet);
+// A dialog at its own size and filling the field controller's screen; `args` follow the
+// receiver and the sheet in its constructor.
+template <class Dialog, class... Args>
+void SaveDialog(Shooter& shooter, CParameterSheet& sheet, const QString& name, Args&&... args) {
+    CPellWindow<Dialog> dialog(sheet.GetReceiver(), &sheet, std::forward<Args>(args)...);
     dialog.show();
     dialog.adjustSize();
     shooter.Save(dialog, name);
@@ -189,6 +196,48 @@ void SaveTrackingSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> mo
     SaveDialog<CTrackingPositioning_AntiJammingDlg>(shooter, sheet,
                                                     QStringLiteral("tracking-anti-jamming"));
     sheet.close();
+}
+
+// The network sheet of a receiver with Ethernet, wireless LAN and servers (pardo7, its access
+// point on) with its address and account dialogs, and of one with a cellular modem (marten).
+void SaveNetworkSheets(Shooter& shooter, const std::shared_ptr<const rxsim::CModel>& model) {
+    for (const QString& profile : {QStringLiteral("pardo7"), QStringLiteral("marten")}) {
+        MainWindow window(model);
+        window.ConnectTo({ReceiverTarget::Simulator, profile, 0, false});
+        if (!SettleUntil([&] { return window.Receiver() != nullptr; }, 10000)) {
+            QTextStream(stderr) << "could not connect to the simulated " << profile << '\n';
+            shooter.Fail();
+            return;
+        }
+        const CVexReceiverMate mate(window.Receiver());
+        using pell::vexcmd::SetText;
+        if (profile == QLatin1String("pardo7"))
+            mate.Run(QStringLiteral("set,wlan/mode,ap;set,net/tcpc/enable,on;") +
+                     SetText(QStringLiteral("wlan/ap/name"), QStringLiteral("PARDO7-20417")) +
+                     QLatin1Char(';') +
+                     SetText(QStringLiteral("wlan/ap/passwd"), QStringLiteral("field-crew")) +
+                     QLatin1Char(';') +
+                     SetText(QStringLiteral("net/tcpc/addr"), QStringLiteral("base.example.net")));
+        CPellWindow<CNetworkPS> sheet(window.Receiver(), &window);
+        SavePages(shooter, sheet, QStringLiteral("network-") + profile + QLatin1Char('-'));
+        if (profile == QLatin1String("pardo7")) {
+            SaveDialog<CIPv4Dlg>(
+                shooter, sheet, QStringLiteral("network-access-point-address"),
+                g_PellLibApp.XLoadString(pell::ids::NetworkAccessPointAddress),
+                CIPv4Dlg::Paths{
+                    QStringLiteral("wlan/ap/ip"), QStringLiteral("wlan/ap/mask"), {}, {}});
+            SaveDialog<CUserCredentialsDlg>(
+                shooter, sheet, QStringLiteral("network-ftp-account"),
+                g_PellLibApp.XLoadString(pell::ids::NetworkFtpAccountDialog),
+                QStringLiteral("net/ftp/login"), QStringLiteral("net/ftp/passwd"));
+            SaveDialog<CUserCredentialsDlg>(
+                shooter, sheet, QStringLiteral("network-web-admin-password"),
+                g_PellLibApp.XLoadString(pell::ids::NetworkWebAccountDialog)
+                    .arg(QStringLiteral("admin")),
+                QString(), QStringLiteral("net/http/adminpasswd"), QStringLiteral("admin"));
+        }
+        sheet.close();
+    }
 }
 
 // Opens the branch of the settings tree named `name` with all below it.
@@ -330,6 +379,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     SaveTrackingSheet(shooter, model);
     SaveSheetPages<CReceiverPortsPS>(shooter, window, QStringLiteral("ports-"));
     SaveNtripSheet(shooter, window);
+    SaveNetworkSheets(shooter, model);
     if (served)
         served->abort();
     Settle();

@@ -66,6 +66,14 @@ QString Print(const QString& path) {
     return QStringLiteral("print,") + Bare(path, path);
 }
 
+QString PrintNeedsReset(const QString& leaf) {
+    return Print(leaf) + QStringLiteral("&reset");
+}
+
+QString Reset() {
+    return QStringLiteral("reset,yes");
+}
+
 QString SetChoice(const QString& path, const QString& word) {
     return Set(path, Bare(word, path));
 }

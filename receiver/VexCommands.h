@@ -13,6 +13,10 @@ namespace pell::vexcmd {
 
 // print,<path>
 PELL_EXPORT QString Print(const QString& path);
+// print,<leaf>&reset: "y" when a new value takes effect only after a reset
+PELL_EXPORT QString PrintNeedsReset(const QString& leaf);
+// reset,yes
+PELL_EXPORT QString Reset();
 // set,<path>,<word> for enumerations and other bare words
 PELL_EXPORT QString SetChoice(const QString& path, const QString& word);
 // set,<path>,<n>

@@ -1783,6 +1783,404 @@
         <source>Port %1:</source>
         <comment>61856</comment>
         <translation>Port %1:</translation>
+        <source>Network</source>
+        <comment>61900</comment>
+        <translation>Netzwerk</translation>
+    </message>
+    <message>
+        <source>Ethernet</source>
+        <comment>61901</comment>
+        <translation>Ethernet</translation>
+    </message>
+    <message>
+        <source>Wireless LAN</source>
+        <comment>61902</comment>
+        <translation>WLAN</translation>
+    </message>
+    <message>
+        <source>Cellular</source>
+        <comment>61903</comment>
+        <translation>Mobilfunk</translation>
+    </message>
+    <message>
+        <source>PPP</source>
+        <comment>61904</comment>
+        <translation>PPP</translation>
+    </message>
+    <message>
+        <source>FTP</source>
+        <comment>61905</comment>
+        <translation>FTP</translation>
+    </message>
+    <message>
+        <source>HTTP</source>
+        <comment>61906</comment>
+        <translation>HTTP</translation>
+    </message>
+    <message>
+        <source>TCP Server</source>
+        <comment>61907</comment>
+        <translation>TCP-Server</translation>
+    </message>
+    <message>
+        <source>TCP Client</source>
+        <comment>61908</comment>
+        <translation>TCP-Client</translation>
+    </message>
+    <message>
+        <source>The functionality is not supported by the connected hardware.</source>
+        <comment>61909</comment>
+        <translation>Diese Funktion wird von der angeschlossenen Hardware nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>The changes will take effect after the receiver is soft reset. Proceed?</source>
+        <comment>61910</comment>
+        <translation>Die Änderungen werden nach einem Neustart des Empfängers wirksam. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Invalid %1 value.</source>
+        <comment>61911</comment>
+        <translation>Ungültiger Wert für %1.</translation>
+    </message>
+    <message>
+        <source>IP Address</source>
+        <comment>61912</comment>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>IP Mask</source>
+        <comment>61913</comment>
+        <translation>IP-Maske</translation>
+    </message>
+    <message>
+        <source>Gateway</source>
+        <comment>61914</comment>
+        <translation>Gateway</translation>
+    </message>
+    <message>
+        <source>DNS</source>
+        <comment>61915</comment>
+        <translation>DNS</translation>
+    </message>
+    <message>
+        <source>Obtain the address automatically (DHCP)</source>
+        <comment>61916</comment>
+        <translation>Adresse automatisch beziehen (DHCP)</translation>
+    </message>
+    <message>
+        <source>Fixed Address</source>
+        <comment>61917</comment>
+        <translation>Feste Adresse</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <comment>61918</comment>
+        <translation>Schnittstelle</translation>
+    </message>
+    <message>
+        <source>Host Name</source>
+        <comment>61919</comment>
+        <translation>Hostname</translation>
+    </message>
+    <message>
+        <source>MAC Address</source>
+        <comment>61920</comment>
+        <translation>MAC-Adresse</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <comment>61921</comment>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Access Point</source>
+        <comment>61922</comment>
+        <translation>Zugangspunkt</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <comment>61923</comment>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Network Name</source>
+        <comment>61924</comment>
+        <translation>Netzwerkname</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <comment>61925</comment>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Hide the network name</source>
+        <comment>61926</comment>
+        <translation>Netzwerknamen verbergen</translation>
+    </message>
+    <message>
+        <source>Change…</source>
+        <comment>61927</comment>
+        <translation>Ändern…</translation>
+    </message>
+    <message>
+        <source>Access Point Address</source>
+        <comment>61928</comment>
+        <translation>Adresse des Zugangspunkts</translation>
+    </message>
+    <message>
+        <source>Obtained Address</source>
+        <comment>61930</comment>
+        <translation>Bezogene Adresse</translation>
+    </message>
+    <message>
+        <source>Link Mode</source>
+        <comment>61931</comment>
+        <translation>Verbindungsart</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <comment>61932</comment>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Dialling</source>
+        <comment>61933</comment>
+        <translation>Einwahl</translation>
+    </message>
+    <message>
+        <source>Dial String</source>
+        <comment>61934</comment>
+        <translation>Wählfolge</translation>
+    </message>
+    <message>
+        <source>Access Point Name (APN)</source>
+        <comment>61935</comment>
+        <translation>Zugangspunktname (APN)</translation>
+    </message>
+    <message>
+        <source>User Name</source>
+        <comment>61936</comment>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Connect only when asked to</source>
+        <comment>61937</comment>
+        <translation>Nur auf Anforderung verbinden</translation>
+    </message>
+    <message>
+        <source>Log the link for troubleshooting</source>
+        <comment>61938</comment>
+        <translation>Verbindung zur Fehlersuche protokollieren</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <comment>61939</comment>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Time-out, s</source>
+        <comment>61940</comment>
+        <translation>Zeitlimit, s</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <comment>61941</comment>
+        <translation>Konto</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <comment>61942</comment>
+        <translation>Anmeldename</translation>
+    </message>
+    <message>
+        <source>FTP Account</source>
+        <comment>61943</comment>
+        <translation>FTP-Konto</translation>
+    </message>
+    <message>
+        <source>HTTP Port</source>
+        <comment>61944</comment>
+        <translation>HTTP-Port</translation>
+    </message>
+    <message>
+        <source>HTTPS Port</source>
+        <comment>61945</comment>
+        <translation>HTTPS-Port</translation>
+    </message>
+    <message>
+        <source>Web Interface Accounts</source>
+        <comment>61946</comment>
+        <translation>Konten der Weboberfläche</translation>
+    </message>
+    <message>
+        <source>Set Password…</source>
+        <comment>61947</comment>
+        <translation>Passwort festlegen…</translation>
+    </message>
+    <message>
+        <source>HTTP Account</source>
+        <comment>61948</comment>
+        <translation>HTTP-Konto</translation>
+    </message>
+    <message>
+        <source>Password of “%1”</source>
+        <comment>61949</comment>
+        <translation>Passwort von „%1“</translation>
+    </message>
+    <message>
+        <source>Connect to a TCP server</source>
+        <comment>61950</comment>
+        <translation>Mit einem TCP-Server verbinden</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <comment>61951</comment>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <comment>61952</comment>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Allow access without a password</source>
+        <comment>61953</comment>
+        <translation>Zugang ohne Passwort erlauben</translation>
+    </message>
+    <message>
+        <source>Access Password</source>
+        <comment>61954</comment>
+        <translation>Zugangspasswort</translation>
+    </message>
+    <message>
+        <source>Idle Time, s</source>
+        <comment>61955</comment>
+        <translation>Leerlaufzeit, s</translation>
+    </message>
+    <message>
+        <source>The TCP server ports themselves are set on the receiver ports sheet.</source>
+        <comment>61956</comment>
+        <translation>Die TCP-Server-Ports selbst werden in den Empfängerschnittstellen eingestellt.</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <comment>61957</comment>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Modems</source>
+        <comment>61958</comment>
+        <translation>Modems</translation>
+    </message>
+    <message>
+        <source>Modems and Profile</source>
+        <comment>61959</comment>
+        <translation>Modems und Profil</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <comment>61960</comment>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Profile of the Selected Modem</source>
+        <comment>61961</comment>
+        <translation>Profil des gewählten Modems</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <comment>61962</comment>
+        <translation>Steckplatz</translation>
+    </message>
+    <message>
+        <source>Hardware</source>
+        <comment>61963</comment>
+        <translation>Hardware</translation>
+    </message>
+    <message>
+        <source>Current State</source>
+        <comment>61964</comment>
+        <translation>Aktueller Zustand</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <comment>61965</comment>
+        <translation>Meldung</translation>
+    </message>
+    <message>
+        <source>Current Profile</source>
+        <comment>61966</comment>
+        <translation>Aktuelles Profil</translation>
+    </message>
+    <message>
+        <source>Current Script</source>
+        <comment>61967</comment>
+        <translation>Aktuelles Skript</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <comment>61968</comment>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Id</source>
+        <comment>61969</comment>
+        <translation>Id</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <comment>61970</comment>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <comment>61971</comment>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Access point name of the mobile network</source>
+        <comment>61972</comment>
+        <translation>Zugangspunktname des Mobilfunknetzes</translation>
+    </message>
+    <message>
+        <source>User name in the mobile network</source>
+        <comment>61973</comment>
+        <translation>Benutzername im Mobilfunknetz</translation>
+    </message>
+    <message>
+        <source>Password in the mobile network</source>
+        <comment>61974</comment>
+        <translation>Passwort im Mobilfunknetz</translation>
+    </message>
+    <message>
+        <source>PIN of the SIM card</source>
+        <comment>61975</comment>
+        <translation>PIN der SIM-Karte</translation>
+    </message>
+    <message>
+        <source>Number the modem dials</source>
+        <comment>61976</comment>
+        <translation>Vom Modem gewählte Nummer</translation>
+    </message>
+    <message>
+        <source>Radio band</source>
+        <comment>61977</comment>
+        <translation>Funkband</translation>
+    </message>
+    <message>
+        <source>Dial attempts before giving up</source>
+        <comment>61978</comment>
+        <translation>Wählversuche vor dem Aufgeben</translation>
+    </message>
+    <message>
+        <source>Seconds to wait for a connection</source>
+        <comment>61979</comment>
+        <translation>Sekunden Wartezeit auf eine Verbindung</translation>
+    </message>
+    <message>
+        <source>Server Login</source>
+        <comment>61980</comment>
+        <translation>Server-Anmeldung</translation>
     </message>
 </context>
 <context>

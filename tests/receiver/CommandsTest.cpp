@@ -15,6 +15,8 @@ TEST(CommandFormats, OneFormatPerValueKind) {
     const std::pair<QString, const char*> cases[] = {
         {Print(QStringLiteral("pos/elm")), "print,pos/elm"},
         {Print(QStringLiteral("/log/&[name,size,time]")), "print,/log/&[name,size,time]"},
+        {PrintNeedsReset(QStringLiteral("net/ip/addr")), "print,net/ip/addr&reset"},
+        {Reset(), "reset,yes"},
         {SetChoice(QStringLiteral("/par/dev/ser/a/rate"), QStringLiteral("115200")),
          "set,/par/dev/ser/a/rate,115200"},
         {SetSigned(QStringLiteral("dev/pps/a/offs/ns"), -250), "set,dev/pps/a/offs/ns,-250"},
