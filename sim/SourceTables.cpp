@@ -43,9 +43,15 @@ constexpr std::array<Format, 5> kFormats = {{
     {"RTCM 2.1", "1(1),3(10)", 1},
 }};
 
-// Numbers with a decimal point whatever the locale: QString::asprintf keeps to the C locale.
-QString Line(const char* format, auto... values) {
-    return QString::asprintf(format, values...) + QStringLiteral("\r\n");
+// A line as it stands.
+QString Line(const char* text) {
+    return QLatin1String(text) + QStringLiteral("\r\n");
+}
+
+// A line with values: numbers with a decimal point whatever the locale, as QString::asprintf
+// keeps to the C locale.
+QString Line(const char* format, auto first, auto... rest) {
+    return QString::asprintf(format, first, rest...) + QStringLiteral("\r\n");
 }
 
 } // namespace
