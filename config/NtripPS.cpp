@@ -1,5 +1,6 @@
 #include "config/NtripPS.h"
 
+#include "config/Ntrip_Caster_UsersDlg.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PasswordField.h"
 #include "lib/Common.h"
@@ -323,6 +324,15 @@ CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, in
     caster->addRow(String(pell::ids::NtripAuthentication), authentication);
     QFormLayout* ports = Form(Group(String(pell::ids::NtripListeners), page));
     page->addStretch();
+    auto* users = new QPushButton(String(pell::ids::NtripUsers));
+    users->setObjectName(QStringLiteral("usersButton"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(users);
+    page->addLayout(buttons);
+    connect(users, &QPushButton::clicked, this, [this] {
+        RunUserAction([this] { RunParameterDialog<CNtrip_Caster_UsersDlg>(*this); });
+    });
 
     BindSwitch(enable, QStringLiteral("/app/ntrip/caster/mode"));
     BindText(name, QStringLiteral("/app/ntrip/caster/name"));

@@ -1,5 +1,6 @@
 #include "config/ParameterDialog.h"
 
+#include "config/KeyedList.h"
 #include "config/ParameterSheet.h"
 #include "lib/Common.h"
 
@@ -38,6 +39,8 @@ void CParameterDialog::accept() {
             for (const CParameterPage::Binding& binding : m_body->m_bindings)
                 if (binding.writable)
                     paths << binding.path;
+            for (const CParameterPage::ListBinding& bound : m_body->m_lists)
+                paths << bound.list->Path() + QStringLiteral("/*");
             m_restorer = std::make_unique<pell::CSettingsRestorer<CVexReceiverMate>>(
                 CVexReceiverMate(GetReceiver()), paths);
         }

@@ -1,5 +1,6 @@
 #include "config/ParameterPage.h"
 
+#include "config/KeyedList.h"
 #include "config/ParameterSheet.h"
 #include "lib/Exceptions.h"
 #include "lib/PellLib.h"
@@ -203,8 +204,24 @@ void CParameterPage::Refresh() {
         binding.control->setEnabled(binding.writable || binding.kind == Shown);
         ShowRow(binding, binding.known);
     }
+    for (const ListBinding& bound : m_lists) {
+        MarkControl(bound.view, {});
+        try {
+            bound.list->Read(mate);
+            bound.view->setEnabled(true);
+            bound.view->setToolTip({});
+        } catch (const ulm_std::CCommException& error) {
+            // A list the page cannot read is shown empty and greyed, and never written.
+            bound.list->Forget();
+            bound.view->setEnabled(false);
+            bound.view->setToolTip(error.GetReply());
+        }
+        if (SheetClosing())
+            return;
+    }
     SetModified(false);
     OnValuesRead();
+    emit valuesRead();
 }
 
 void CParameterPage::OnValuesRead() {}
@@ -313,13 +330,22 @@ QStringList CParameterPage::PendingCommands() {
     QStringList commands;
     for (const Binding* binding : Changed())
         commands << Command(*binding);
+    for (const ListBinding& bound : m_lists)
+        commands << bound.list->Commands();
     return commands;
+}
+
+void CParameterPage::BindList(QWidget* view, CKeyedList& list) {
+    m_lists.push_back({view, &list});
 }
 
 QStringList CParameterPage::ChangedPaths() {
     QStringList paths;
     for (const Binding* binding : Changed())
         paths << binding->path;
+    for (const ListBinding& bound : m_lists)
+        if (!bound.list->Commands().isEmpty())
+            paths << bound.list->Path() + QStringLiteral("/*");
     return paths;
 }
 
@@ -354,7 +380,18 @@ bool CParameterPage::OnApply() {
             return false;
         }
     }
-    if (commands.empty())
+    std::vector<std::pair<const ListBinding*, QStringList>> listCommands;
+    for (const ListBinding& bound : m_lists) {
+        try {
+            if (QStringList composed = bound.list->Commands(); !composed.isEmpty())
+                listCommands.emplace_back(&bound, std::move(composed));
+        } catch (const ulm_std::CWinException& error) {
+            MarkControl(bound.view, error.GetErrorMessage());
+            error.ReportError(this);
+            return false;
+        }
+    }
+    if (commands.empty() && listCommands.empty())
         return true;
     if (CParameterSheet* sheet = Recorder()) {
         if (!sheet->ConfirmReset(*this))
@@ -377,6 +414,25 @@ bool CParameterPage::OnApply() {
         if (SheetClosing())
             return false;
     }
+    for (const auto& [bound, list] : listCommands) {
+        try {
+            for (const QString& command : list)
+                mate.Run(command);
+            // The receiver's indices of the items just made.
+            bound->list->Read(mate);
+        } catch (const ulm_std::CException& error) {
+            if (SheetClosing())
+                return false;
+            const auto* comm = dynamic_cast<const ulm_std::CCommException*>(&error);
+            MarkControl(bound->view, comm ? comm->GetReply() : error.GetErrorMessage());
+            error.ReportError(this);
+            return false;
+        }
+        if (SheetClosing())
+            return false;
+    }
+    OnValuesRead();
+    emit valuesRead();
     return true;
 }
 
@@ -394,7 +450,10 @@ void CParameterPage::OnReceiverGone() {
 
 // A refused value keeps a red frame and the receiver's reply as its tool tip until it changes.
 void CParameterPage::Mark(Binding& binding, const QString& reply) {
-    QWidget* control = binding.control;
+    MarkControl(binding.control, reply);
+}
+
+void CParameterPage::MarkControl(QWidget* control, const QString& reply) {
     if (reply.isEmpty()) {
         if (control->property("refused").toBool()) {
             control->setProperty("refused", false);

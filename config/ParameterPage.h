@@ -19,6 +19,7 @@ class QLabel;
 class QLineEdit;
 class QSpinBox;
 class QTreeWidget;
+class CKeyedList;
 class CParameterSheet;
 
 // A configuration page as a table: each control bound to one receiver parameter and the kind of
@@ -75,11 +76,21 @@ public:
     static QTreeWidget* List(const QStringList& columns);
     static void FitColumns(QTreeWidget* list);
 
+    // A receiver list (caster users, watchers) edited in memory: read with the page's values and
+    // written after them, all composed before the first command goes out. `view` shows it (the
+    // page fills it in OnValuesRead) and carries the mark of a refusal.
+    void BindList(QWidget* view, CKeyedList& list);
+
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
     // The commands Apply would send now, in the table's order, and the parameters they set.
     QStringList PendingCommands();
     QStringList ChangedPaths();
+
+signals:
+    // After every reading, and after an Apply that wrote a list: for windows that show what the
+    // page read (a dialog filling the view of its list).
+    void valuesRead();
 
 protected:
     void OnInitDialog() override;
@@ -127,8 +138,15 @@ private:
     QString Current(const Binding& binding) const;
     QString Command(const Binding& binding) const;
     void Mark(Binding& binding, const QString& reply);
+    // A refusal's red frame and tool tip on a control; an empty reply takes them away.
+    static void MarkControl(QWidget* control, const QString& reply);
     void ShowRow(const Binding& binding, bool visible);
 
     std::vector<Binding> m_bindings;
+    struct ListBinding {
+        QWidget* view;
+        CKeyedList* list;
+    };
+    std::vector<ListBinding> m_lists;
     bool m_filling = false;
 };

@@ -7,6 +7,7 @@
 #include "config/IPv4Dlg.h"
 #include "config/NetworkPS.h"
 #include "config/NtripPS.h"
+#include "config/Ntrip_Caster_UsersDlg.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PPSEventFrqPS.h"
 #include "config/ReceiverPortsPS.h"
@@ -152,6 +153,19 @@ void SaveNtripSheet(Shooter& shooter, MainWindow& window) {
     Settle(1500);
     shooter.SaveBothSizes(select, QStringLiteral("ntrip-select-mountpoint"));
     select.close();
+    const QString users = QStringLiteral("/app/ntrip/caster/usr");
+    mate.Run(
+        pell::vexcmd::Create(users, 0) + QLatin1Char(';') +
+        SetText(users + QStringLiteral("/00/name"), QStringLiteral("survey-crew")) +
+        QLatin1Char(';') +
+        SetText(users + QStringLiteral("/00/passwd"), QStringLiteral("rover42")) +
+        QLatin1Char(';') + pell::vexcmd::Create(users, 1) + QLatin1Char(';') +
+        SetText(users + QStringLiteral("/01/name"), QStringLiteral("visitor")) + QLatin1Char(';') +
+        SetText(users + QStringLiteral("/01/expireat"), QStringLiteral("2026/12/31 23:59:59")));
+    CPellWindow<CNtrip_Caster_UsersDlg> userList(window.Receiver(), &sheet);
+    userList.show();
+    shooter.SaveBothSizes(userList, QStringLiteral("ntrip-caster-users"));
+    userList.close();
     sheet.close();
 }
 

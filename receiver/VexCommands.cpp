@@ -66,6 +66,13 @@ QString Print(const QString& path) {
     return QStringLiteral("print,") + Bare(path, path);
 }
 
+QString PrintFields(const QString& path, const QStringList& fields) {
+    QStringList names;
+    for (const QString& field : fields)
+        names << Bare(field, path);
+    return Print(path) + QStringLiteral("&[") + names.join(QLatin1Char(',')) + QLatin1Char(']');
+}
+
 QString PrintNeedsReset(const QString& leaf) {
     return Print(leaf) + QStringLiteral("&reset");
 }

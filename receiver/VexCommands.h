@@ -3,6 +3,7 @@
 #include "lib/pell_export.h"
 
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 // Command lines of the receiver language, one per value kind. Every function checks what it is
@@ -13,6 +14,8 @@ namespace pell::vexcmd {
 
 // print,<path>
 PELL_EXPORT QString Print(const QString& path);
+// print,<node>&[f1,f2,...]: each member of the node with only the named fields
+PELL_EXPORT QString PrintFields(const QString& path, const QStringList& fields);
 // print,<leaf>&reset: "y" when a new value takes effect only after a reset
 PELL_EXPORT QString PrintNeedsReset(const QString& leaf);
 // reset,yes

@@ -1788,6 +1788,106 @@
         <translation>Netzwerk</translation>
     </message>
     <message>
+        <source>Users</source>
+        <comment>61857</comment>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <comment>61858</comment>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>Access To:</source>
+        <comment>61859</comment>
+        <translation>Zugriff auf:</translation>
+    </message>
+    <message>
+        <source>Valid From:</source>
+        <comment>61860</comment>
+        <translation>Gültig ab:</translation>
+    </message>
+    <message>
+        <source>Valid Until:</source>
+        <comment>61861</comment>
+        <translation>Gültig bis:</translation>
+    </message>
+    <message>
+        <source>The user name cannot be an empty string.</source>
+        <comment>61862</comment>
+        <translation>Der Benutzername darf nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>A user with this name already exists.</source>
+        <comment>61863</comment>
+        <translation>Ein Benutzer mit diesem Namen existiert bereits.</translation>
+    </message>
+    <message>
+        <source>Id</source>
+        <comment>61864</comment>
+        <translation>Id</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <comment>61865</comment>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <comment>61866</comment>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Access To</source>
+        <comment>61867</comment>
+        <translation>Zugriff auf</translation>
+    </message>
+    <message>
+        <source>Valid From</source>
+        <comment>61868</comment>
+        <translation>Gültig ab</translation>
+    </message>
+    <message>
+        <source>Valid Until</source>
+        <comment>61869</comment>
+        <translation>Gültig bis</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <comment>61870</comment>
+        <translation>Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <comment>61871</comment>
+        <translation>Bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <comment>61872</comment>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Invalid date/time: %1</source>
+        <comment>61873</comment>
+        <translation>Ungültiges Datum/Uhrzeit: %1</translation>
+    </message>
+    <message>
+        <source>Invalid date/time: %04u/%02u/%02u %02u:%02u:%02u</source>
+        <comment>61874</comment>
+        <translation>Ungültiges Datum/Uhrzeit: %04u/%02u/%02u %02u:%02u:%02u</translation>
+    </message>
+    <message>
+        <source>Confirm deletion.</source>
+        <comment>61875</comment>
+        <translation>Löschen bestätigen.</translation>
+    </message>
+    <message>
+        <source>Users…</source>
+        <comment>61876</comment>
+        <translation>Benutzer…</translation>
+    </message>
+    <message>
         <source>Ethernet</source>
         <comment>61901</comment>
         <translation>Ethernet</translation>

@@ -1,6 +1,8 @@
 #include "SheetTesting.h"
 #include "SimulatedReceiver.h"
+#include "TestSupport.h"
 #include "config/NtripPS.h"
+#include "config/Ntrip_Caster_UsersDlg.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "lib/Common.h"
 #include "lib/PellLib.h"
@@ -11,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -106,6 +109,62 @@ TEST(NtripSheetTest, TheClientTakesItsStreamFromTheTableAndShowsWhereItConnects)
     EXPECT_EQ(receiver.Value(QStringLiteral("ntrip/caster/proxy/addr")),
               QStringLiteral("\"proxy.example.net\""));
     EXPECT_TRUE(Shows(client, QStringLiteral("proxy.example.net : 0")));
+}
+
+// The caster's users: added, refused by the rules, deleted after the question, written on OK
+// as the list's commands; a stored moment that is no real instant is reported.
+TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
+    SimulatedReceiver receiver(QStringLiteral("soren"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    CParameterPage& caster =
+        Page(sheet, int(Titles(sheet).indexOf(String(pell::ids::NtripCasterPage))));
+    const auto add = [&](CNtrip_Caster_UsersDlg& users, const char* name) {
+        WithDialog<CNtrip_Caster_UserDlg>(
+            receiver, [&] { Click(users, "addButton"); },
+            [&](CNtrip_Caster_UserDlg& dialog) {
+                dialog.findChild<QLineEdit*>(QStringLiteral("nameEdit"))
+                    ->setText(QString::fromLatin1(name));
+                Click(dialog, "okButton");
+                if (dialog.isVisible()) // refused: the name stays to be mended
+                    dialog.reject();
+            });
+    };
+    ScopedPresenter boxes(pell::IDYES);
+    WithDialog<CNtrip_Caster_UsersDlg>(
+        receiver, [&] { Click(caster, "usersButton"); },
+        [&](CNtrip_Caster_UsersDlg& users) {
+            for (const char* name : {"ann", "", "ann", "bob"})
+                add(users, name);
+            ASSERT_EQ(users.List().topLevelItemCount(), 2);
+            users.List().setCurrentItem(users.List().topLevelItem(1));
+            Click(users, "deleteButton");
+            EXPECT_EQ(users.Body().PendingCommands(),
+                      (QStringList{"create,/app/ntrip/caster/usr,0",
+                                   "set,/app/ntrip/caster/usr/00/name,\"ann\"",
+                                   "set,/app/ntrip/caster/usr/00/passwd,\"\"",
+                                   "set,/app/ntrip/caster/usr/00/grpnum,0",
+                                   "set,/app/ntrip/caster/usr/00/startat,\"\"",
+                                   "set,/app/ntrip/caster/usr/00/expireat,\"\""}));
+            Click(users, "okButton");
+        });
+    QStringList said;
+    for (const auto& box : boxes.Boxes())
+        said << box.text;
+    EXPECT_EQ(said, (QStringList{String(pell::ids::NtripUserNameEmpty),
+                                 String(pell::ids::NtripUserNameTaken),
+                                 String(pell::ids::NtripConfirmDeletion)}));
+    EXPECT_EQ(receiver.Value(QStringLiteral("app/ntrip/caster/usr/00/name")),
+              QStringLiteral("\"ann\""));
+    EXPECT_TRUE(caster.IsModified());
+
+    QString invalid;
+    EXPECT_FALSE(
+        CNtrip_Caster_UsersDlg::ParseMoment(QStringLiteral("2026/02/30 10:00:00"), &invalid));
+    EXPECT_EQ(invalid, QStringLiteral("Invalid date/time: 2026/02/30 10:00:00"));
+    EXPECT_EQ(CNtrip_Caster_UsersDlg::ParseMoment(QStringLiteral("2026/11/23 17:05:00"), nullptr),
+              QDateTime(QDate(2026, 11, 23), QTime(17, 5)));
+    EXPECT_FALSE(CNtrip_Caster_UsersDlg::ParseMoment({}, &invalid));
 }
 
 } // namespace
