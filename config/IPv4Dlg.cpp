@@ -12,10 +12,6 @@
 
 namespace {
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 unsigned NameId(EIPv4Field field) {
     switch (field) {
     case EIPv4Field::Address:
@@ -48,7 +44,7 @@ QString IPv4Refusal(EIPv4Field field, const QString& text) {
     // A mask is ones from the top: its complement plus one is a power of two (or zero).
     if (fits && field == EIPv4Field::Mask)
         fits = ((~value + 1) & ~value) == 0;
-    return fits ? QString() : String(pell::ids::NetworkInvalidValue).arg(String(NameId(field)));
+    return fits ? QString() : XString(pell::ids::NetworkInvalidValue).arg(XString(NameId(field)));
 }
 
 void BindIPv4(CParameterPage& page, QLineEdit* edit, const QString& path, EIPv4Field field) {
@@ -75,7 +71,7 @@ CIPv4Dlg::CIPv4Dlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent,
         if (path->isEmpty())
             continue;
         auto* edit = new QLineEdit;
-        form->addRow(String(NameId(field)) + QLatin1Char(':'), edit);
+        form->addRow(XString(NameId(field)) + QLatin1Char(':'), edit);
         BindIPv4(Body(), edit, *path, field);
         if (field == EIPv4Field::Address)
             m_address = edit;

@@ -24,10 +24,6 @@ namespace ids = pell::ids;
 
 const QString kViewModeValue = QStringLiteral("ViewMode");
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 // The value of `path` as text; empty when the receiver has no such value.
 QString Read(const CVexReceiverMate& mate, const QString& path) {
     try {
@@ -53,7 +49,7 @@ QString Description(const QString& name) {
     };
     for (const auto& [word, id] : known)
         if (name == QLatin1String(word))
-            return String(id);
+            return XString(id);
     return {};
 }
 
@@ -65,22 +61,22 @@ bool IsSecret(const QString& name) {
 } // namespace
 
 CNetworkCellPP::CNetworkCellPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkCellPage), parent),
+    : CParameterPage(std::move(receiver), XString(ids::NetworkCellPage), parent),
       m_view(new QComboBox),
-      m_modems(List({String(ids::NetworkColumnSlot), String(ids::NetworkColumnHardware),
-                     String(ids::NetworkColumnState), String(ids::NetworkColumnReport),
-                     String(ids::NetworkColumnProfile), String(ids::NetworkColumnScript)})),
-      m_profile(List({String(ids::NetworkColumnName), String(ids::NetworkColumnId),
-                      String(ids::NetworkColumnValue), String(ids::NetworkColumnDescription)})),
+      m_modems(List({XString(ids::NetworkColumnSlot), XString(ids::NetworkColumnHardware),
+                     XString(ids::NetworkColumnState), XString(ids::NetworkColumnReport),
+                     XString(ids::NetworkColumnProfile), XString(ids::NetworkColumnScript)})),
+      m_profile(List({XString(ids::NetworkColumnName), XString(ids::NetworkColumnId),
+                      XString(ids::NetworkColumnValue), XString(ids::NetworkColumnDescription)})),
       m_profileArea(nullptr) {
-    m_view->addItem(String(ids::NetworkViewModems), Modems);
-    m_view->addItem(String(ids::NetworkViewProfile), ModemsAndProfile);
-    auto* refresh = new QPushButton(String(ids::NetworkRefresh));
+    m_view->addItem(XString(ids::NetworkViewModems), Modems);
+    m_view->addItem(XString(ids::NetworkViewProfile), ModemsAndProfile);
+    auto* refresh = new QPushButton(XString(ids::NetworkRefresh));
     refresh->setObjectName(QStringLiteral("refreshButton"));
 
     auto* page = new QVBoxLayout(this);
     auto* top = new QHBoxLayout;
-    auto* viewLabel = new QLabel(String(ids::NetworkView) + QLatin1Char(':'));
+    auto* viewLabel = new QLabel(XString(ids::NetworkView) + QLatin1Char(':'));
     viewLabel->setBuddy(m_view);
     top->addWidget(viewLabel);
     top->addWidget(m_view);
@@ -88,7 +84,7 @@ CNetworkCellPP::CNetworkCellPP(std::shared_ptr<rxio::IReceiver> receiver, QWidge
     top->addWidget(refresh);
     page->addLayout(top);
     page->addWidget(m_modems, 1);
-    QGroupBox* profile = Group(String(ids::NetworkProfileGroup), page);
+    QGroupBox* profile = Group(XString(ids::NetworkProfileGroup), page);
     m_profileArea = profile;
     auto* profileLayout = new QVBoxLayout(profile);
     profileLayout->addWidget(m_profile);

@@ -24,12 +24,8 @@ namespace {
 using namespace rxio::vex;
 namespace ids = pell::ids;
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 QString Label(unsigned id) {
-    return String(id) + QLatin1Char(':');
+    return XString(id) + QLatin1Char(':');
 }
 
 // A text field about as wide as `characters` typical characters.
@@ -62,8 +58,8 @@ QSpinBox* Seconds() {
 } // namespace
 
 CNetworkEthernetPP::CNetworkEthernetPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkEthernetPage), parent),
-      m_dhcp(new QCheckBox(String(ids::NetworkDhcp))), m_fixed(nullptr) {
+    : CParameterPage(std::move(receiver), XString(ids::NetworkEthernetPage), parent),
+      m_dhcp(new QCheckBox(XString(ids::NetworkDhcp))), m_fixed(nullptr) {
     auto* address = new QLineEdit;
     auto* mask = new QLineEdit;
     auto* gateway = new QLineEdit;
@@ -73,14 +69,14 @@ CNetworkEthernetPP::CNetworkEthernetPP(std::shared_ptr<rxio::IReceiver> receiver
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(m_dhcp);
-    QGroupBox* fixed = Group(String(ids::NetworkAddressGroup), page);
+    QGroupBox* fixed = Group(XString(ids::NetworkAddressGroup), page);
     m_fixed = fixed;
     QFormLayout* form = Form(fixed);
     form->addRow(Label(ids::NetworkIpAddress), address);
     form->addRow(Label(ids::NetworkIpMask), mask);
     form->addRow(Label(ids::NetworkGateway), gateway);
     form->addRow(Label(ids::NetworkDns), dns);
-    QFormLayout* device = Form(Group(String(ids::NetworkInterfaceGroup), page));
+    QFormLayout* device = Form(Group(XString(ids::NetworkInterfaceGroup), page));
     device->addRow(Label(ids::NetworkHostName), host);
     device->addRow(Label(ids::NetworkMacAddress), mac);
     page->addStretch();
@@ -105,14 +101,14 @@ void CNetworkEthernetPP::FollowDhcp() {
 }
 
 CNetworkWlanPP::CNetworkWlanPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkWlanPage), parent),
+    : CParameterPage(std::move(receiver), XString(ids::NetworkWlanPage), parent),
       m_mode(new QComboBox), m_accessPoint(nullptr), m_client(nullptr), m_apAddress(new QLabel),
       m_apMask(new QLabel) {
     auto* mac = new QLabel;
     QLineEdit* apName = TextField(24);
     QLineEdit* apPassword = PasswordField();
-    auto* hide = new QCheckBox(String(ids::NetworkHideName));
-    auto* change = new QPushButton(String(ids::NetworkChange));
+    auto* hide = new QCheckBox(XString(ids::NetworkHideName));
+    auto* change = new QPushButton(XString(ids::NetworkChange));
     QLineEdit* network = TextField(24);
     QLineEdit* clientPassword = PasswordField();
     auto* obtained = new QLabel;
@@ -123,7 +119,7 @@ CNetworkWlanPP::CNetworkWlanPP(std::shared_ptr<rxio::IReceiver> receiver, QWidge
     general->addRow(Label(ids::NetworkMode), m_mode);
     general->addRow(Label(ids::NetworkMacAddress), mac);
 
-    QGroupBox* accessPoint = Group(String(ids::NetworkAccessPoint), page);
+    QGroupBox* accessPoint = Group(XString(ids::NetworkAccessPoint), page);
     m_accessPoint = accessPoint;
     QFormLayout* ap = Form(accessPoint);
     ap->addRow(Label(ids::NetworkNetworkName), apName);
@@ -134,7 +130,7 @@ CNetworkWlanPP::CNetworkWlanPP(std::shared_ptr<rxio::IReceiver> receiver, QWidge
     ap->addRow(addressLabel, WithButton(m_apAddress, change));
     ap->addRow(Label(ids::NetworkIpMask), m_apMask);
 
-    QGroupBox* client = Group(String(ids::NetworkClient), page);
+    QGroupBox* client = Group(XString(ids::NetworkClient), page);
     m_client = client;
     QFormLayout* joined = Form(client);
     joined->addRow(Label(ids::NetworkNetworkName), network);
@@ -165,7 +161,7 @@ void CNetworkWlanPP::EditAccessPointAddress() {
             m_apAddress->setText(dialog.Address());
             m_apMask->setText(dialog.Mask());
         },
-        String(ids::NetworkAccessPointAddress),
+        XString(ids::NetworkAccessPointAddress),
         CIPv4Dlg::Paths{QStringLiteral("wlan/ap/ip"), QStringLiteral("wlan/ap/mask"), {}, {}});
 }
 
@@ -182,21 +178,21 @@ void CNetworkWlanPP::FollowMode() {
 }
 
 CNetworkPPPPP::CNetworkPPPPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkPppPage), parent),
+    : CParameterPage(std::move(receiver), XString(ids::NetworkPppPage), parent),
       m_mode(new QComboBox), m_state(new QLabel) {
     QLineEdit* dial = TextField(16);
     QLineEdit* apn = TextField(24);
     QLineEdit* user = TextField(24);
     QLineEdit* password = PasswordField();
-    auto* manual = new QCheckBox(String(ids::NetworkPppManual));
-    auto* debug = new QCheckBox(String(ids::NetworkPppDebug));
+    auto* manual = new QCheckBox(XString(ids::NetworkPppManual));
+    auto* debug = new QCheckBox(XString(ids::NetworkPppDebug));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* general = Form(nullptr);
     page->addLayout(general);
     general->addRow(Label(ids::NetworkPppMode), m_mode);
     general->addRow(Label(ids::NetworkState), m_state);
-    QFormLayout* dialling = Form(Group(String(ids::NetworkDialling), page));
+    QFormLayout* dialling = Form(Group(XString(ids::NetworkDialling), page));
     dialling->addRow(Label(ids::NetworkDialString), dial);
     dialling->addRow(Label(ids::NetworkApn), apn);
     dialling->addRow(Label(ids::NetworkUser), user);
@@ -223,18 +219,18 @@ void CNetworkPPPPP::OnValuesRead() {
 }
 
 CNetworkFTPPP::CNetworkFTPPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkFtpPage), parent),
+    : CParameterPage(std::move(receiver), XString(ids::NetworkFtpPage), parent),
       m_login(new QLabel) {
     QSpinBox* port = PortBox();
     QSpinBox* timeout = Seconds();
-    auto* change = new QPushButton(String(ids::NetworkChange));
+    auto* change = new QPushButton(XString(ids::NetworkChange));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* server = Form(nullptr);
     page->addLayout(server);
     server->addRow(Label(ids::NetworkPort), port);
     server->addRow(Label(ids::NetworkTimeout), timeout);
-    QFormLayout* account = Form(Group(String(ids::NetworkAccount), page));
+    QFormLayout* account = Form(Group(XString(ids::NetworkAccount), page));
     auto* loginLabel = new QLabel(Label(ids::NetworkLogin));
     loginLabel->setBuddy(m_login);
     account->addRow(loginLabel, WithButton(m_login, change));
@@ -251,29 +247,29 @@ CNetworkFTPPP::CNetworkFTPPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget*
 void CNetworkFTPPP::EditAccount() {
     RunParameterDialog<CUserCredentialsDlg>(
         *this, [this](CUserCredentialsDlg& dialog) { m_login->setText(dialog.Login()); },
-        String(ids::NetworkFtpAccountDialog), QStringLiteral("net/ftp/login"),
+        XString(ids::NetworkFtpAccountDialog), QStringLiteral("net/ftp/login"),
         QStringLiteral("net/ftp/passwd"));
 }
 
 CNetworkHTTPPP::CNetworkHTTPPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkHttpPage), parent),
+    : CParameterPage(std::move(receiver), XString(ids::NetworkHttpPage), parent),
       m_login(new QLabel) {
     QSpinBox* port = PortBox();
     QSpinBox* securePort = PortBox();
-    auto* change = new QPushButton(String(ids::NetworkChange));
+    auto* change = new QPushButton(XString(ids::NetworkChange));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* server = Form(nullptr);
     page->addLayout(server);
     server->addRow(Label(ids::NetworkHttpPort), port);
     server->addRow(Label(ids::NetworkHttpsPort), securePort);
-    QFormLayout* account = Form(Group(String(ids::NetworkServerLogin), page));
+    QFormLayout* account = Form(Group(XString(ids::NetworkServerLogin), page));
     auto* loginLabel = new QLabel(Label(ids::NetworkLogin));
     loginLabel->setBuddy(m_login);
     account->addRow(loginLabel, WithButton(m_login, change));
-    QFormLayout* web = Form(Group(String(ids::NetworkWebAccounts), page));
+    QFormLayout* web = Form(Group(XString(ids::NetworkWebAccounts), page));
     for (const QString& name : {QStringLiteral("admin"), QStringLiteral("user")}) {
-        auto* set = new QPushButton(String(ids::NetworkSetPassword));
+        auto* set = new QPushButton(XString(ids::NetworkSetPassword));
         set->setObjectName(name + QLatin1String("Password"));
         web->addRow(name + QLatin1Char(':'), set);
         connect(set, &QPushButton::clicked, this,
@@ -292,26 +288,26 @@ CNetworkHTTPPP::CNetworkHTTPPP(std::shared_ptr<rxio::IReceiver> receiver, QWidge
 void CNetworkHTTPPP::EditAccount() {
     RunParameterDialog<CUserCredentialsDlg>(
         *this, [this](CUserCredentialsDlg& dialog) { m_login->setText(dialog.Login()); },
-        String(ids::NetworkHttpAccountDialog), QStringLiteral("net/http/login"),
+        XString(ids::NetworkHttpAccountDialog), QStringLiteral("net/http/login"),
         QStringLiteral("net/http/passwd"));
 }
 
 void CNetworkHTTPPP::EditWebPassword(const QString& account) {
     RunParameterDialog<CUserCredentialsDlg>(
-        *this, [](CUserCredentialsDlg&) {}, String(ids::NetworkWebAccountDialog).arg(account),
+        *this, [](CUserCredentialsDlg&) {}, XString(ids::NetworkWebAccountDialog).arg(account),
         QString(), QStringLiteral("net/http/%1passwd").arg(account), account);
 }
 
 CNetworkTCPClientPP::CNetworkTCPClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkTcpClientPage), parent) {
-    auto* enable = new QCheckBox(String(ids::NetworkTcpClientEnable));
+    : CParameterPage(std::move(receiver), XString(ids::NetworkTcpClientPage), parent) {
+    auto* enable = new QCheckBox(XString(ids::NetworkTcpClientEnable));
     QLineEdit* address = TextField(28);
     QSpinBox* port = PortBox();
     QSpinBox* timeout = Seconds();
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* server = Form(Group(String(ids::NetworkServer), page));
+    QFormLayout* server = Form(Group(XString(ids::NetworkServer), page));
     server->addRow(Label(ids::NetworkServerAddress), address);
     server->addRow(Label(ids::NetworkPort), port);
     server->addRow(Label(ids::NetworkTimeout), timeout);
@@ -324,9 +320,9 @@ CNetworkTCPClientPP::CNetworkTCPClientPP(std::shared_ptr<rxio::IReceiver> receiv
 }
 
 CNetworkTCPOldPP::CNetworkTCPOldPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkTcpServerPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::NetworkTcpServerPage), parent) {
     QSpinBox* port = PortBox();
-    auto* open = new QCheckBox(String(ids::NetworkNoPassword));
+    auto* open = new QCheckBox(XString(ids::NetworkNoPassword));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* server = Form(nullptr);
@@ -340,11 +336,11 @@ CNetworkTCPOldPP::CNetworkTCPOldPP(std::shared_ptr<rxio::IReceiver> receiver, QW
 }
 
 CNetworkTCPNewPP::CNetworkTCPNewPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::NetworkTcpServerPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::NetworkTcpServerPage), parent) {
     QLineEdit* password = PasswordField();
     QSpinBox* timeout = Seconds();
     QSpinBox* idle = Seconds();
-    auto* note = new QLabel(String(ids::NetworkTcpPortsNote));
+    auto* note = new QLabel(XString(ids::NetworkTcpPortsNote));
     note->setWordWrap(true);
 
     auto* page = new QVBoxLayout(this);
@@ -362,10 +358,10 @@ CNetworkTCPNewPP::CNetworkTCPNewPP(std::shared_ptr<rxio::IReceiver> receiver, QW
 }
 
 CNetworkPS::CNetworkPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterSheet(receiver, String(ids::NetworkSheet),
+    : CParameterSheet(receiver, XString(ids::NetworkSheet),
                       {QStringLiteral("net/*"), QStringLiteral("wlan/*"), QStringLiteral("ppp/*")},
                       parent) {
-    AskBeforeReset(String(ids::NetworkResetQuestion));
+    AskBeforeReset(XString(ids::NetworkResetQuestion));
     if (Knows(QStringLiteral("net/ip/addr")))
         AddPage(new CNetworkEthernetPP(receiver));
     if (Knows(QStringLiteral("wlan/mode")))
@@ -390,7 +386,7 @@ int run_NetworkPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent) {
     const CPellModuleState state;
     CPellWindow<CNetworkPS> sheet(std::move(receiver), parent);
     if (sheet.GetPageCount() == 0 && !sheet.Unanswered()) {
-        g_PellLibApp.MessageBox(parent, String(ids::NetworkNotSupported),
+        g_PellLibApp.MessageBox(parent, XString(ids::NetworkNotSupported),
                                 pell::MB_OK | pell::MB_ICONERROR);
         return pell::IDCANCEL;
     }

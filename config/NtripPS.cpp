@@ -22,21 +22,17 @@ namespace {
 
 using namespace rxio::vex;
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 // "host : port", or that there is none.
 QString AddressLine(const QString& host, const QString& port) {
     if (host.trimmed().isEmpty())
-        return String(pell::ids::NtripNotSet);
-    return String(pell::ids::NtripAddressLine).arg(host, port);
+        return XString(pell::ids::NtripNotSet);
+    return XString(pell::ids::NtripAddressLine).arg(host, port);
 }
 
 } // namespace
 
 CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(pell::ids::NtripClientPage), parent),
+    : CParameterPage(std::move(receiver), XString(pell::ids::NtripClientPage), parent),
       m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(PortBox()),
       m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel(this)),
       m_proxyPort(new QLabel(this)), m_state(new QLabel), m_casterLine(new QLabel),
@@ -45,8 +41,8 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     auto* user = new QLineEdit;
     auto* password = new QLineEdit;
     auto* error = new QLabel;
-    auto* select = new QPushButton(String(pell::ids::NtripSelect));
-    auto* advanced = new QPushButton(String(pell::ids::NtripAdvanced));
+    auto* select = new QPushButton(XString(pell::ids::NtripSelect));
+    auto* advanced = new QPushButton(XString(pell::ids::NtripAdvanced));
     select->setObjectName(QStringLiteral("selectButton"));
     advanced->setObjectName(QStringLiteral("advancedButton"));
     MaskPassword(password);
@@ -56,28 +52,28 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     auto* page = new QVBoxLayout(this);
     QFormLayout* general = Form(nullptr);
     page->addLayout(general);
-    general->addRow(String(pell::ids::NtripFunction), m_function);
-    general->addRow(String(pell::ids::NtripDataPort), dataPort);
+    general->addRow(XString(pell::ids::NtripFunction), m_function);
+    general->addRow(XString(pell::ids::NtripDataPort), dataPort);
 
-    QFormLayout* caster = Form(Group(String(pell::ids::NtripCaster), page));
+    QFormLayout* caster = Form(Group(XString(pell::ids::NtripCaster), page));
     caster->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    caster->addRow(String(pell::ids::NtripAddress), m_caster);
-    caster->addRow(String(pell::ids::NtripPort), m_casterPort);
+    caster->addRow(XString(pell::ids::NtripAddress), m_caster);
+    caster->addRow(XString(pell::ids::NtripPort), m_casterPort);
     auto* mountpointRow = new QHBoxLayout;
     mountpointRow->addWidget(m_mountpoint, 1);
     mountpointRow->addWidget(select);
-    auto* mountpointLabel = new QLabel(String(pell::ids::NtripMountpoint));
+    auto* mountpointLabel = new QLabel(XString(pell::ids::NtripMountpoint));
     mountpointLabel->setBuddy(m_mountpoint);
     caster->addRow(mountpointLabel, mountpointRow);
-    caster->addRow(String(pell::ids::NtripUser), user);
-    caster->addRow(String(pell::ids::NtripPassword), password);
-    caster->addRow(String(pell::ids::NtripInputMode), m_inputMode);
+    caster->addRow(XString(pell::ids::NtripUser), user);
+    caster->addRow(XString(pell::ids::NtripPassword), password);
+    caster->addRow(XString(pell::ids::NtripInputMode), m_inputMode);
 
-    QFormLayout* state = Form(Group(String(pell::ids::NtripStateGroup), page));
+    QFormLayout* state = Form(Group(XString(pell::ids::NtripStateGroup), page));
     state->addRow(m_state);
-    state->addRow(String(pell::ids::NtripCasterLine), m_casterLine);
-    state->addRow(String(pell::ids::NtripProxyLine), m_proxyLine);
-    state->addRow(String(pell::ids::NtripLastError), error);
+    state->addRow(XString(pell::ids::NtripCasterLine), m_casterLine);
+    state->addRow(XString(pell::ids::NtripProxyLine), m_proxyLine);
+    state->addRow(XString(pell::ids::NtripLastError), error);
     page->addStretch();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -156,25 +152,25 @@ void CNtrip_ClientPP::ShowAddresses() {
 
 CNtrip_Client_AdvancedDlg::CNtrip_Client_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
                                                      QWidget* parent)
-    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvanced), parent),
+    : CParameterDialog(std::move(receiver), XString(pell::ids::NtripAdvanced), parent),
       m_proxy(new QLineEdit), m_proxyPort(CParameterPage::PortBox(0)) {
     auto* protocol = new QComboBox;
     auto* nmea = CParameterPage::SpinBox(0, 3600);
     auto* init = new QComboBox;
-    nmea->setSpecialValueText(String(pell::ids::NtripNmeaOff));
+    nmea->setSpecialValueText(XString(pell::ids::NtripNmeaOff));
     m_proxy->setMinimumWidth(m_proxy->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 28);
 
     auto* page = new QVBoxLayout(&Body());
     QFormLayout* caster =
-        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripCaster), page));
-    caster->addRow(String(pell::ids::NtripProtocol), protocol);
-    caster->addRow(String(pell::ids::NtripNmeaPeriod), nmea);
-    caster->addRow(String(pell::ids::NtripInit), init);
+        CParameterPage::Form(CParameterPage::Group(XString(pell::ids::NtripCaster), page));
+    caster->addRow(XString(pell::ids::NtripProtocol), protocol);
+    caster->addRow(XString(pell::ids::NtripNmeaPeriod), nmea);
+    caster->addRow(XString(pell::ids::NtripInit), init);
     QFormLayout* proxy =
-        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripProxyServer), page));
+        CParameterPage::Form(CParameterPage::Group(XString(pell::ids::NtripProxyServer), page));
     proxy->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    proxy->addRow(String(pell::ids::NtripAddress), m_proxy);
-    proxy->addRow(String(pell::ids::NtripPort), m_proxyPort);
+    proxy->addRow(XString(pell::ids::NtripAddress), m_proxy);
+    proxy->addRow(XString(pell::ids::NtripPort), m_proxyPort);
 
     Body().BindChoice(protocol, QStringLiteral("ntrip/caster/protocol"),
                       TableOf(NtripProtocol::ENtripProtocol{}));
@@ -194,7 +190,7 @@ QString CNtrip_Client_AdvancedDlg::ProxyPort() const {
 
 CNtrip_ServerLegacyPP::CNtrip_ServerLegacyPP(std::shared_ptr<rxio::IReceiver> receiver,
                                              QWidget* parent)
-    : CParameterPage(std::move(receiver), String(pell::ids::NtripServerPage), parent) {
+    : CParameterPage(std::move(receiver), XString(pell::ids::NtripServerPage), parent) {
     auto* caster = new QLineEdit;
     auto* port = PortBox();
     auto* mountpoint = new QLineEdit;
@@ -207,19 +203,19 @@ CNtrip_ServerLegacyPP::CNtrip_ServerLegacyPP(std::shared_ptr<rxio::IReceiver> re
     MaskPassword(password);
 
     auto* page = new QVBoxLayout(this);
-    QFormLayout* server = Form(Group(String(pell::ids::NtripCaster), page));
+    QFormLayout* server = Form(Group(XString(pell::ids::NtripCaster), page));
     server->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    server->addRow(String(pell::ids::NtripAddress), caster);
-    server->addRow(String(pell::ids::NtripPort), port);
-    server->addRow(String(pell::ids::NtripMountpoint), mountpoint);
-    server->addRow(String(pell::ids::NtripDescription), description);
-    server->addRow(String(pell::ids::NtripUser), user);
-    server->addRow(String(pell::ids::NtripPassword), password);
-    server->addRow(String(pell::ids::NtripProtocol), protocol);
-    QFormLayout* proxyForm = Form(Group(String(pell::ids::NtripProxyServer), page));
+    server->addRow(XString(pell::ids::NtripAddress), caster);
+    server->addRow(XString(pell::ids::NtripPort), port);
+    server->addRow(XString(pell::ids::NtripMountpoint), mountpoint);
+    server->addRow(XString(pell::ids::NtripDescription), description);
+    server->addRow(XString(pell::ids::NtripUser), user);
+    server->addRow(XString(pell::ids::NtripPassword), password);
+    server->addRow(XString(pell::ids::NtripProtocol), protocol);
+    QFormLayout* proxyForm = Form(Group(XString(pell::ids::NtripProxyServer), page));
     proxyForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    proxyForm->addRow(String(pell::ids::NtripAddress), proxy);
-    proxyForm->addRow(String(pell::ids::NtripPort), proxyPort);
+    proxyForm->addRow(XString(pell::ids::NtripAddress), proxy);
+    proxyForm->addRow(XString(pell::ids::NtripPort), proxyPort);
     page->addStretch();
 
     BindText(caster, QStringLiteral("ntrip/server/addr"));
@@ -240,27 +236,27 @@ QString CNtrip_ServerPP::Path(int server, const char* leaf) {
 
 CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int server,
                                  QWidget* parent)
-    : CParameterPage(std::move(receiver), String(pell::ids::NtripServerNumbered).arg(server),
+    : CParameterPage(std::move(receiver), XString(pell::ids::NtripServerNumbered).arg(server),
                      parent),
       m_server(server) {
-    auto* enable = new QCheckBox(String(pell::ids::NtripServerEnable));
+    auto* enable = new QCheckBox(XString(pell::ids::NtripServerEnable));
     auto* caster = new QLineEdit;
     auto* port = PortBox();
     auto* mountpoint = new QLineEdit;
     auto* user = new QLineEdit;
     auto* password = new QLineEdit;
-    auto* advanced = new QPushButton(String(pell::ids::NtripAdvanced));
+    auto* advanced = new QPushButton(XString(pell::ids::NtripAdvanced));
     MaskPassword(password);
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* form = Form(Group(String(pell::ids::NtripCaster), page));
+    QFormLayout* form = Form(Group(XString(pell::ids::NtripCaster), page));
     form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    form->addRow(String(pell::ids::NtripAddress), caster);
-    form->addRow(String(pell::ids::NtripPort), port);
-    form->addRow(String(pell::ids::NtripMountpoint), mountpoint);
-    form->addRow(String(pell::ids::NtripUser), user);
-    form->addRow(String(pell::ids::NtripPassword), password);
+    form->addRow(XString(pell::ids::NtripAddress), caster);
+    form->addRow(XString(pell::ids::NtripPort), port);
+    form->addRow(XString(pell::ids::NtripMountpoint), mountpoint);
+    form->addRow(XString(pell::ids::NtripUser), user);
+    form->addRow(XString(pell::ids::NtripPassword), password);
     page->addStretch();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -280,7 +276,7 @@ CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int 
 
 CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
                                                      CParameterPage* parent)
-    : CParameterDialog(std::move(receiver), String(pell::ids::NtripAdvanced), parent) {
+    : CParameterDialog(std::move(receiver), XString(pell::ids::NtripAdvanced), parent) {
     const auto* page = qobject_cast<const CNtrip_ServerPP*>(parent);
     const int server = page ? page->Server() : 1;
     auto* protocol = new QComboBox;
@@ -290,13 +286,13 @@ CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IRece
 
     auto* layout = new QVBoxLayout(&Body());
     QFormLayout* caster =
-        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripCaster), layout));
-    caster->addRow(String(pell::ids::NtripProtocol), protocol);
+        CParameterPage::Form(CParameterPage::Group(XString(pell::ids::NtripCaster), layout));
+    caster->addRow(XString(pell::ids::NtripProtocol), protocol);
     QFormLayout* proxyForm =
-        CParameterPage::Form(CParameterPage::Group(String(pell::ids::NtripProxyServer), layout));
+        CParameterPage::Form(CParameterPage::Group(XString(pell::ids::NtripProxyServer), layout));
     proxyForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    proxyForm->addRow(String(pell::ids::NtripAddress), proxy);
-    proxyForm->addRow(String(pell::ids::NtripPort), proxyPort);
+    proxyForm->addRow(XString(pell::ids::NtripAddress), proxy);
+    proxyForm->addRow(XString(pell::ids::NtripPort), proxyPort);
 
     Body().BindChoice(protocol, CNtrip_ServerPP::Path(server, "protocol"),
                       TableOf(NtripProtocol::ENtripProtocol{}));
@@ -306,8 +302,8 @@ CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IRece
 
 CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, int listeners,
                                    QWidget* parent)
-    : CParameterPage(std::move(receiver), String(pell::ids::NtripCasterPage), parent) {
-    auto* enable = new QCheckBox(String(pell::ids::NtripCasterEnable));
+    : CParameterPage(std::move(receiver), XString(pell::ids::NtripCasterPage), parent) {
+    auto* enable = new QCheckBox(XString(pell::ids::NtripCasterEnable));
     auto* name = new QLineEdit;
     auto* country = new QLineEdit;
     auto* authentication = new QComboBox;
@@ -317,14 +313,14 @@ CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, in
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* caster = Form(Group(String(pell::ids::NtripCaster), page));
+    QFormLayout* caster = Form(Group(XString(pell::ids::NtripCaster), page));
     caster->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    caster->addRow(String(pell::ids::NtripName), name);
-    caster->addRow(String(pell::ids::NtripCountry), country);
-    caster->addRow(String(pell::ids::NtripAuthentication), authentication);
-    QFormLayout* ports = Form(Group(String(pell::ids::NtripListeners), page));
+    caster->addRow(XString(pell::ids::NtripName), name);
+    caster->addRow(XString(pell::ids::NtripCountry), country);
+    caster->addRow(XString(pell::ids::NtripAuthentication), authentication);
+    QFormLayout* ports = Form(Group(XString(pell::ids::NtripListeners), page));
     page->addStretch();
-    auto* users = new QPushButton(String(pell::ids::NtripUsers));
+    auto* users = new QPushButton(XString(pell::ids::NtripUsers));
     users->setObjectName(QStringLiteral("usersButton"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -341,14 +337,14 @@ CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, in
                TableOf(NtripCasterAuth::ENtripCasterAuth{}));
     for (int listener = 0; listener < listeners; ++listener) {
         auto* port = PortBox();
-        ports->addRow(String(pell::ids::NtripListenerPort).arg(listener + 1), port);
+        ports->addRow(XString(pell::ids::NtripListenerPort).arg(listener + 1), port);
         BindUnsigned(port, QStringLiteral("/app/ntrip/caster/%1/port").arg(listener));
     }
 }
 
 CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterSheet(
-          receiver, String(pell::ids::NtripSheet),
+          receiver, XString(pell::ids::NtripSheet),
           {QStringLiteral("ntrip/*"), QStringLiteral("dev/*"), QStringLiteral("/app/ntrip/*")},
           parent) {
     if (Knows(QStringLiteral("ntrip/caster")))

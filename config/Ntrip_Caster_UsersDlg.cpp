@@ -22,10 +22,6 @@ namespace {
 
 using namespace rxio::vex;
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 constexpr char kMomentFormat[] = "yyyy/MM/dd HH:mm:ss";
 
 const std::vector<CKeyedList::Field> kFields = {
@@ -61,9 +57,9 @@ CNtrip_Caster_UserDlg::CNtrip_Caster_UserDlg(const CKeyedList::Values& user, QSt
                                              QWidget* parent)
     : CPellDialog(nullptr, parent), m_user(user), m_others(std::move(others)),
       m_name(new QLineEdit), m_password(new QLineEdit), m_access(new QComboBox),
-      m_fromSet(new QCheckBox(String(pell::ids::NtripValidFrom))), m_from(MomentBox()),
-      m_untilSet(new QCheckBox(String(pell::ids::NtripValidUntil))), m_until(MomentBox()) {
-    setWindowTitle(String(pell::ids::NtripUserDialog));
+      m_fromSet(new QCheckBox(XString(pell::ids::NtripValidFrom))), m_from(MomentBox()),
+      m_untilSet(new QCheckBox(XString(pell::ids::NtripValidUntil))), m_until(MomentBox()) {
+    setWindowTitle(XString(pell::ids::NtripUserDialog));
     m_name->setObjectName(QStringLiteral("nameEdit"));
     MaskPassword(m_password);
     m_name->setMaxLength(32);
@@ -73,9 +69,9 @@ CNtrip_Caster_UserDlg::CNtrip_Caster_UserDlg(const CKeyedList::Values& user, QSt
         m_access->addItem(ulm_std::CTranslatorInstance::Ref().XlateEx(groups.Name(group)));
 
     auto* form = new QFormLayout;
-    form->addRow(String(pell::ids::NtripName), m_name);
-    form->addRow(String(pell::ids::NtripPassword), m_password);
-    form->addRow(String(pell::ids::NtripAccessTo), m_access);
+    form->addRow(XString(pell::ids::NtripName), m_name);
+    form->addRow(XString(pell::ids::NtripPassword), m_password);
+    form->addRow(XString(pell::ids::NtripAccessTo), m_access);
     form->addRow(m_fromSet, m_from);
     form->addRow(m_untilSet, m_until);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -130,7 +126,7 @@ void CNtrip_Caster_UserDlg::accept() {
                              : m_others.contains(name) ? pell::ids::NtripUserNameTaken
                                                        : 0;
     if (refusal != 0) {
-        g_PellLibApp.MessageBox(this, String(refusal), pell::MB_OK | pell::MB_ICONERROR);
+        g_PellLibApp.MessageBox(this, XString(refusal), pell::MB_OK | pell::MB_ICONERROR);
         m_name->setFocus();
         return;
     }
@@ -139,16 +135,16 @@ void CNtrip_Caster_UserDlg::accept() {
 
 CNtrip_Caster_UsersDlg::CNtrip_Caster_UsersDlg(std::shared_ptr<rxio::IReceiver> receiver,
                                                QWidget* parent)
-    : CParameterDialog(std::move(receiver), String(pell::ids::NtripUsersDialog), parent),
+    : CParameterDialog(std::move(receiver), XString(pell::ids::NtripUsersDialog), parent),
       m_users(QStringLiteral("/app/ntrip/caster/usr"), kFields,
               QStringLiteral("Ntrip_Caster_GetUsers")),
       m_list(CParameterPage::List(
-          {String(pell::ids::NtripColumnId), String(pell::ids::NtripColumnName),
-           String(pell::ids::NtripColumnPassword), String(pell::ids::NtripColumnAccessTo),
-           String(pell::ids::NtripColumnValidFrom), String(pell::ids::NtripColumnValidUntil)})) {
-    auto* add = new QPushButton(String(pell::ids::NtripAddUser));
-    auto* edit = new QPushButton(String(pell::ids::NtripEditUser));
-    auto* remove = new QPushButton(String(pell::ids::NtripDeleteUser));
+          {XString(pell::ids::NtripColumnId), XString(pell::ids::NtripColumnName),
+           XString(pell::ids::NtripColumnPassword), XString(pell::ids::NtripColumnAccessTo),
+           XString(pell::ids::NtripColumnValidFrom), XString(pell::ids::NtripColumnValidUntil)})) {
+    auto* add = new QPushButton(XString(pell::ids::NtripAddUser));
+    auto* edit = new QPushButton(XString(pell::ids::NtripEditUser));
+    auto* remove = new QPushButton(XString(pell::ids::NtripDeleteUser));
     add->setObjectName(QStringLiteral("addButton"));
     edit->setObjectName(QStringLiteral("editButton"));
     remove->setObjectName(QStringLiteral("deleteButton"));
@@ -180,7 +176,7 @@ std::optional<QDateTime> CNtrip_Caster_UsersDlg::ParseMoment(const QString& text
     const QRegularExpressionMatch match = form.match(text.trimmed());
     if (text.trimmed().isEmpty() || !match.hasMatch()) {
         if (!text.trimmed().isEmpty() && invalid)
-            *invalid = String(pell::ids::NtripInvalidMoment).arg(text.trimmed());
+            *invalid = XString(pell::ids::NtripInvalidMoment).arg(text.trimmed());
         return std::nullopt;
     }
     unsigned part[6];
@@ -191,7 +187,7 @@ std::optional<QDateTime> CNtrip_Caster_UsersDlg::ParseMoment(const QString& text
     if (moment.isValid())
         return moment;
     if (invalid)
-        *invalid = QString::asprintf(qUtf8Printable(String(pell::ids::NtripInvalidDateTime)),
+        *invalid = QString::asprintf(qUtf8Printable(XString(pell::ids::NtripInvalidDateTime)),
                                      part[0], part[1], part[2], part[3], part[4], part[5]);
     return std::nullopt;
 }
@@ -247,7 +243,7 @@ void CNtrip_Caster_UsersDlg::EditUser() {
 
 void CNtrip_Caster_UsersDlg::DeleteUser() {
     QTreeWidgetItem* current = m_list->currentItem();
-    if (!current || g_PellLibApp.MessageBox(this, String(pell::ids::NtripConfirmDeletion),
+    if (!current || g_PellLibApp.MessageBox(this, XString(pell::ids::NtripConfirmDeletion),
                                             pell::MB_YESNO | pell::MB_ICONQUESTION) != pell::IDYES)
         return;
     m_users.Remove(std::size_t(m_list->indexOfTopLevelItem(current)));

@@ -26,10 +26,6 @@
 
 namespace {
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 // The distance early: on a field controller's narrow screen it is what decides.
 enum EColumn {
     Mountpoint,
@@ -100,7 +96,7 @@ public:
         if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
             return {};
         if (role == Qt::DisplayRole)
-            return String(kHeadings[section]);
+            return XString(kHeadings[section]);
         if (role == Qt::TextAlignmentRole && section == Distance)
             return int(Qt::AlignRight | Qt::AlignVCenter);
         return {};
@@ -192,7 +188,7 @@ CNtrip_Client_SelectMountpointDlg::CNtrip_Client_SelectMountpointDlg(
       m_model(new CSourceTableModel(this)), m_proxy(new CStreamFilter(m_model, this)),
       m_filter(new QLineEdit), m_view(new QTreeView), m_count(new QLabel), m_remark(new QLabel),
       m_observer(std::make_shared<CObserverListener>()) {
-    setWindowTitle(String(pell::ids::NtripSelectMountpoint));
+    setWindowTitle(XString(pell::ids::NtripSelectMountpoint));
     m_filter->setClearButtonEnabled(true);
     m_view->setModel(m_proxy);
     m_view->setRootIsDecorated(false);
@@ -213,7 +209,7 @@ CNtrip_Client_SelectMountpointDlg::CNtrip_Client_SelectMountpointDlg(
 
     auto* layout = new QVBoxLayout(this);
     auto* filterRow = new QFormLayout;
-    filterRow->addRow(String(pell::ids::NtripFilter), m_filter);
+    filterRow->addRow(XString(pell::ids::NtripFilter), m_filter);
     layout->addLayout(filterRow);
     layout->addWidget(m_view, 1);
     layout->addWidget(m_count);
@@ -258,7 +254,7 @@ void CNtrip_Client_SelectMountpointDlg::OnInitDialog() {
     CPellDialog::OnInitDialog();
     // A caster's table may be large and the link slow: the window stays responsive while it
     // comes, says so, and its Cancel stops the waiting.
-    m_count->setText(String(pell::ids::NtripReadingTable));
+    m_count->setText(XString(pell::ids::NtripReadingTable));
     repaint();
     ntrip::SourceTable table;
     try {
@@ -270,11 +266,11 @@ void CNtrip_Client_SelectMountpointDlg::OnInitDialog() {
     }
     QStringList remarks;
     if (table.streams.empty())
-        remarks << String(pell::ids::NtripTableEmpty);
+        remarks << XString(pell::ids::NtripTableEmpty);
     if (table.skippedLines > 0)
-        remarks << String(pell::ids::NtripLinesSkipped).arg(table.skippedLines);
+        remarks << XString(pell::ids::NtripLinesSkipped).arg(table.skippedLines);
     if (!table.streams.empty() && (!table.complete || table.truncated))
-        remarks << String(pell::ids::NtripTableIncomplete);
+        remarks << XString(pell::ids::NtripTableIncomplete);
     m_remark->setText(remarks.join(QLatin1Char(' ')));
     m_remark->setVisible(!remarks.isEmpty());
     m_model->SetStreams(std::move(table.streams));
@@ -302,7 +298,7 @@ std::optional<ntrip::Stream> CNtrip_Client_SelectMountpointDlg::Selected() const
 
 void CNtrip_Client_SelectMountpointDlg::UpdateCount() {
     m_count->setText(
-        String(pell::ids::NtripMountpointCount).arg(m_proxy->rowCount()).arg(m_model->rowCount()));
+        XString(pell::ids::NtripMountpointCount).arg(m_proxy->rowCount()).arg(m_model->rowCount()));
 }
 
 void CNtrip_Client_SelectMountpointDlg::SelectMountpoint(const QString& mountpoint) {

@@ -17,12 +17,8 @@ using namespace rxio::vex;
 
 constexpr char kChannels[] = {'a', 'b'};
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 QString PageTitle(unsigned nameId, char channel) {
-    return String(pell::ids::TimingPageTitle).arg(String(nameId), QChar::fromLatin1(channel));
+    return XString(pell::ids::TimingPageTitle).arg(XString(nameId), QChar::fromLatin1(channel));
 }
 
 } // namespace
@@ -34,30 +30,30 @@ QString CPPSEventFrqPS::ChannelPath(const char* pathTemplate, char channel) {
 
 CPPS_PP::CPPS_PP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWidget* parent)
     : CParameterPage(std::move(receiver), PageTitle(pell::ids::PpsPage, channel), parent),
-      m_marked(new QCheckBox(String(pell::ids::TimingMarkedPulses))),
+      m_marked(new QCheckBox(XString(pell::ids::TimingMarkedPulses))),
       m_markedPeriod(SpinBox(0, 86400000)) {
     const auto path = [channel](const char* pathTemplate) {
         return CPPSEventFrqPS::ChannelPath(pathTemplate, channel);
     };
-    auto* enable = new QCheckBox(String(pell::ids::TimingEnable));
+    auto* enable = new QCheckBox(XString(pell::ids::TimingEnable));
     auto* period = SpinBox(1, 86400000);
     auto* offsetMs = SpinBox(-500, 500);
     auto* offsetNs = SpinBox(-1000000, 1000000);
     auto* edge = new QComboBox;
     auto* time = new QComboBox;
-    auto* tied = new QCheckBox(String(pell::ids::TimingTied));
+    auto* tied = new QCheckBox(XString(pell::ids::TimingTied));
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* pulse = Form(Group(String(pell::ids::TimingPulse), page));
-    pulse->addRow(String(pell::ids::TimingPeriodMs), period);
-    pulse->addRow(String(pell::ids::TimingOffsetMs), offsetMs);
-    pulse->addRow(String(pell::ids::TimingOffsetNs), offsetNs);
+    QFormLayout* pulse = Form(Group(XString(pell::ids::TimingPulse), page));
+    pulse->addRow(XString(pell::ids::TimingPeriodMs), period);
+    pulse->addRow(XString(pell::ids::TimingOffsetMs), offsetMs);
+    pulse->addRow(XString(pell::ids::TimingOffsetNs), offsetNs);
     pulse->addRow(m_marked);
-    pulse->addRow(String(pell::ids::TimingPeriodMs), m_markedPeriod);
-    QFormLayout* reference = Form(Group(String(pell::ids::TimingReference), page));
-    reference->addRow(String(pell::ids::TimingEdge), edge);
-    reference->addRow(String(pell::ids::TimingRefTime), time);
+    pulse->addRow(XString(pell::ids::TimingPeriodMs), m_markedPeriod);
+    QFormLayout* reference = Form(Group(XString(pell::ids::TimingReference), page));
+    reference->addRow(XString(pell::ids::TimingEdge), edge);
+    reference->addRow(XString(pell::ids::TimingRefTime), time);
     reference->addRow(tied);
     page->addStretch();
 
@@ -93,21 +89,21 @@ CEventPP::CEventPP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWid
     const auto path = [channel](const char* pathTemplate) {
         return CPPSEventFrqPS::ChannelPath(pathTemplate, channel);
     };
-    auto* enable = new QCheckBox(String(pell::ids::TimingEnable));
+    auto* enable = new QCheckBox(XString(pell::ids::TimingEnable));
     auto* edge = new QComboBox;
     auto* time = new QComboBox;
-    auto* tied = new QCheckBox(String(pell::ids::TimingTied));
+    auto* tied = new QCheckBox(XString(pell::ids::TimingTied));
     auto* lock = new QComboBox;
     auto* locked = new QLabel;
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(enable);
-    QFormLayout* reference = Form(Group(String(pell::ids::TimingReference), page));
-    reference->addRow(String(pell::ids::TimingEdge), edge);
-    reference->addRow(String(pell::ids::TimingRefTime), time);
+    QFormLayout* reference = Form(Group(XString(pell::ids::TimingReference), page));
+    reference->addRow(XString(pell::ids::TimingEdge), edge);
+    reference->addRow(XString(pell::ids::TimingRefTime), time);
     reference->addRow(tied);
-    reference->addRow(String(pell::ids::TimingClockSync) + QLatin1Char(':'), lock);
-    reference->addRow(String(pell::ids::TimingStatus), locked);
+    reference->addRow(XString(pell::ids::TimingClockSync) + QLatin1Char(':'), lock);
+    reference->addRow(XString(pell::ids::TimingStatus), locked);
     page->addStretch();
 
     BindSwitch(enable, path("dev/event/%c/in"));
@@ -119,7 +115,7 @@ CEventPP::CEventPP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWid
 }
 
 CFrqPP::CFrqPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(pell::ids::FrequencyPage), parent) {
+    : CParameterPage(std::move(receiver), XString(pell::ids::FrequencyPage), parent) {
     auto* input = new QComboBox;
     auto* frequency = SpinBox(1, 100);
     auto* status = new QLabel;
@@ -127,13 +123,13 @@ CFrqPP::CFrqPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     auto* reduction = new QComboBox;
 
     auto* page = new QVBoxLayout(this);
-    QFormLayout* source = Form(Group(String(pell::ids::FrequencyParameters), page));
-    source->addRow(String(pell::ids::FrequencySource), input);
-    source->addRow(String(pell::ids::FrequencyMHz), frequency);
-    source->addRow(String(pell::ids::FrequencyStatus), status);
-    source->addRow(String(pell::ids::FrequencyAmplitude), amplitude);
-    QFormLayout* oscillator = Form(Group(String(pell::ids::FrequencySourceGroup), page));
-    oscillator->addRow(String(pell::ids::FrequencyOffsetReduction) + QLatin1Char(':'), reduction);
+    QFormLayout* source = Form(Group(XString(pell::ids::FrequencyParameters), page));
+    source->addRow(XString(pell::ids::FrequencySource), input);
+    source->addRow(XString(pell::ids::FrequencyMHz), frequency);
+    source->addRow(XString(pell::ids::FrequencyStatus), status);
+    source->addRow(XString(pell::ids::FrequencyAmplitude), amplitude);
+    QFormLayout* oscillator = Form(Group(XString(pell::ids::FrequencySourceGroup), page));
+    oscillator->addRow(XString(pell::ids::FrequencyOffsetReduction) + QLatin1Char(':'), reduction);
     page->addStretch();
 
     BindChoice(input, QStringLiteral("frq/input"), TableOf(FrqInput::EFrqInput{}));
@@ -145,7 +141,7 @@ CFrqPP::CFrqPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
 }
 
 CPPSEventFrqPS::CPPSEventFrqPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterSheet(receiver, String(pell::ids::TimingSheet),
+    : CParameterSheet(receiver, XString(pell::ids::TimingSheet),
                       {QStringLiteral("dev/pps/*"), QStringLiteral("dev/event/*"),
                        QStringLiteral("frq/*"), QStringLiteral("osc/*")},
                       parent) {

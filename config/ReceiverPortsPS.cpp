@@ -58,17 +58,13 @@ constexpr const char* kMessageSets[] = {
     "rtcm3/1074", "rtcm3/1084", "rtcm3/1094", "rtcm3/1124", "rtcm3/1230",
 };
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 // A grid under bold column headers, its last column taking the spare width.
 QGridLayout* Table(QWidget* parent, std::initializer_list<unsigned> headers) {
     auto* grid = new QGridLayout(parent);
     grid->setHorizontalSpacing(grid->spacing() * 3);
     int column = 0;
     for (const unsigned id : headers) {
-        auto* header = new QLabel(String(id));
+        auto* header = new QLabel(XString(id));
         QFont font = header->font();
         font.setBold(true);
         header->setFont(font);
@@ -169,13 +165,13 @@ QStringList MasksFor(const std::optional<std::vector<ReceiverPort>>& ports) {
 QString ReceiverPort::Label() const {
     QString label = Id();
     if (kind == QLatin1String("tcp") || kind == QLatin1String("tcpc"))
-        label = String(pell::ids::PortsNetLabel).arg(label, QStringLiteral("tcp"));
+        label = XString(pell::ids::PortsNetLabel).arg(label, QStringLiteral("tcp"));
     else if (kind == QLatin1String("udp"))
-        label = String(pell::ids::PortsNetLabel).arg(label, QStringLiteral("udp"));
+        label = XString(pell::ids::PortsNetLabel).arg(label, QStringLiteral("udp"));
     if (controller)
-        label = String(pell::ids::PortsThisController).arg(label);
+        label = XString(pell::ids::PortsThisController).arg(label);
     if (!takesOutput)
-        label = String(pell::ids::PortsNoOutput).arg(label);
+        label = XString(pell::ids::PortsNoOutput).arg(label);
     return label;
 }
 
@@ -251,7 +247,7 @@ bool CReceiverPortPage::ConfirmChanges() {
         return w.link && Edited(w.control);
     });
     return !risky || g_PellLibApp.MessageBox(
-                         this, String(pell::ids::PortsControllerWarning).arg(m_controllerId),
+                         this, XString(pell::ids::PortsControllerWarning).arg(m_controllerId),
                          pell::MB_YESNO | pell::MB_ICONWARNING) == pell::IDYES;
 }
 
@@ -298,7 +294,7 @@ void CReceiverPortPage::OnSetActive() {
 CReceiverPortGeneralPP::CReceiverPortGeneralPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                const std::vector<ReceiverPort>& ports,
                                                const ReceiverPort* controller, QWidget* parent)
-    : CReceiverPortGeneralPP(std::move(receiver), String(pell::ids::PortsGeneralPage), ports,
+    : CReceiverPortGeneralPP(std::move(receiver), XString(pell::ids::PortsGeneralPage), ports,
                              controller, parent) {}
 
 CReceiverPortGeneralPP::CReceiverPortGeneralPP(std::shared_ptr<rxio::IReceiver> receiver,
@@ -312,10 +308,11 @@ CReceiverPortGeneralPP::CReceiverPortGeneralPP(std::shared_ptr<rxio::IReceiver> 
 void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
     auto* page = new QVBoxLayout(this);
     if (ports.size() > 1) {
-        m_portList = List({String(pell::ids::PortsColumnPort), String(pell::ids::PortsColumnAuth)});
+        m_portList =
+            List({XString(pell::ids::PortsColumnPort), XString(pell::ids::PortsColumnAuth)});
         page->addWidget(m_portList);
     }
-    m_panelBox = new QGroupBox(String(pell::ids::PortsGeneralPage));
+    m_panelBox = new QGroupBox(XString(pell::ids::PortsGeneralPage));
     page->addWidget(m_panelBox, 1);
     m_stack = new QStackedWidget;
     (new QVBoxLayout(m_panelBox))->addWidget(m_stack);
@@ -334,15 +331,15 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
         }
         FitGrid(messages);
         messages->setEnabled(false); // until its sets are read
-        auto* messagesLabel = new QLabel(String(pell::ids::PortsMessages));
+        auto* messagesLabel = new QLabel(XString(pell::ids::PortsMessages));
         messagesLabel->setBuddy(messages);
         layout->addWidget(messagesLabel);
         layout->addWidget(messages, 1);
-        form->addRow(String(pell::ids::PortsInputMode), BindInputMode(port));
+        form->addRow(XString(pell::ids::PortsInputMode), BindInputMode(port));
         QComboBox* output = nullptr;
         if (HasOutputMode(port)) {
             QWidget* mode = BindOutputMode(port);
-            form->addRow(String(pell::ids::PortsOutputMode), mode);
+            form->addRow(XString(pell::ids::PortsOutputMode), mode);
             output = qobject_cast<QComboBox*>(mode);
         }
         if (output)
@@ -354,8 +351,8 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
         if (port.takesOutput) {
             auto* elevation = SpinBox(-90, 90);
             auto* period = RealBox(0, 86400, 3);
-            form->addRow(String(pell::ids::PortsElevMask), elevation);
-            form->addRow(String(pell::ids::PortsPeriod), period);
+            form->addRow(XString(pell::ids::PortsElevMask), elevation);
+            form->addRow(XString(pell::ids::PortsPeriod), period);
             BindSigned(elevation, out + QLatin1String("/elm"));
             BindReal(period, out + QLatin1String("/period"));
             Watch(period, false);
@@ -363,8 +360,8 @@ void CReceiverPortGeneralPP::Build(const std::vector<ReceiverPort>& ports) {
         } else {
             auto* elevation = new QLabel;
             auto* period = new QLabel;
-            form->addRow(String(pell::ids::PortsElevMask), elevation);
-            form->addRow(String(pell::ids::PortsPeriod), period);
+            form->addRow(XString(pell::ids::PortsElevMask), elevation);
+            form->addRow(XString(pell::ids::PortsPeriod), period);
             BindShown(elevation, out + QLatin1String("/elm"));
             BindShown(period, out + QLatin1String("/period"));
             m_panels.push_back({port, nullptr, nullptr, messages, {}, false});
@@ -471,7 +468,7 @@ void CReceiverPortGeneralPP::ReadAuth() {
             try {
                 const bool open = mate.Run(pell::vexcmd::Print(noauth)) == QLatin1String("on");
                 item->setText(
-                    1, String(open ? pell::ids::PortsAuthOpen : pell::ids::PortsAuthPassword));
+                    1, XString(open ? pell::ids::PortsAuthOpen : pell::ids::PortsAuthPassword));
                 break;
             } catch (const ulm_std::CCommException&) {
                 // Not this form of the setting: try the next.
@@ -485,7 +482,7 @@ bool CReceiverPortGeneralPP::ConfirmChanges() {
         // A warning only: a period that fits neither rate may still be what the user wants.
         if (panel.period && Edited(panel.period) &&
             !PeriodFits(panel.period->value(), m_rawMs, m_posMs)) {
-            if (g_PellLibApp.MessageBox(this, String(pell::ids::PortsPeriodMismatch),
+            if (g_PellLibApp.MessageBox(this, XString(pell::ids::PortsPeriodMismatch),
                                         pell::MB_OKCANCEL | pell::MB_ICONWARNING) != pell::IDOK)
                 return false;
             break;
@@ -583,24 +580,24 @@ CReceiverPorts_SerialPP::CReceiverPorts_SerialPP(std::shared_ptr<rxio::IReceiver
                                                  const ReceiverPort& port,
                                                  const ReceiverPort* controller, QWidget* parent)
     : CReceiverPortGeneralPP(std::move(receiver),
-                             String(pell::ids::PortsSerialPage).arg(Letter(port.path)), {port},
+                             XString(pell::ids::PortsSerialPage).arg(Letter(port.path)), {port},
                              controller, parent) {
     auto* rate = new QComboBox;
     auto* bits = new QComboBox;
     auto* stops = new QComboBox;
     auto* parity = new QComboBox;
-    auto* rtscts = new QCheckBox(String(pell::ids::PortsRtsCts));
-    auto* line = new QGroupBox(String(pell::ids::PortsSerialGroup));
+    auto* rtscts = new QCheckBox(XString(pell::ids::PortsRtsCts));
+    auto* line = new QGroupBox(XString(pell::ids::PortsSerialGroup));
     QFormLayout* form = Form(line);
-    form->addRow(String(pell::ids::PortsBaudRate), rate);
-    form->addRow(String(pell::ids::PortsByteSize), bits);
-    form->addRow(String(pell::ids::PortsStopBits), stops);
-    form->addRow(String(pell::ids::PortsParity), parity);
+    form->addRow(XString(pell::ids::PortsBaudRate), rate);
+    form->addRow(XString(pell::ids::PortsByteSize), bits);
+    form->addRow(XString(pell::ids::PortsStopBits), stops);
+    form->addRow(XString(pell::ids::PortsParity), parity);
     form->addRow(rtscts);
     auto* page = static_cast<QVBoxLayout*>(layout());
     page->insertWidget(0, line);
     if (port.controller) {
-        auto* note = new QLabel(String(pell::ids::PortsControllerNote));
+        auto* note = new QLabel(XString(pell::ids::PortsControllerNote));
         note->setWordWrap(true);
         page->insertWidget(0, note);
     }
@@ -640,9 +637,9 @@ CReceiverPortGroupPP::CReceiverPortGroupPP(std::shared_ptr<rxio::IReceiver> rece
 
 CReceiverPortTCP_PP::CReceiverPortTCP_PP(std::shared_ptr<rxio::IReceiver> receiver,
                                          const QStringList& letters, QWidget* parent)
-    : CReceiverPortPage(std::move(receiver), String(pell::ids::PortsTcpPage), nullptr, parent) {
+    : CReceiverPortPage(std::move(receiver), XString(pell::ids::PortsTcpPage), nullptr, parent) {
     auto* page = new QVBoxLayout(this);
-    auto* box = new QGroupBox(String(pell::ids::PortsTcpPage));
+    auto* box = new QGroupBox(XString(pell::ids::PortsTcpPage));
     page->addWidget(box);
     page->addStretch();
     QGridLayout* grid = Table(box, {pell::ids::PortsColumnPort, pell::ids::PortsTcpPortColumn,
@@ -655,7 +652,7 @@ CReceiverPortTCP_PP::CReceiverPortTCP_PP(std::shared_ptr<rxio::IReceiver> receiv
         auto* name = new QLabel(QStringLiteral("/dev/tcp/") +
                                 (letter.isEmpty() ? QStringLiteral("a") : letter));
         auto* number = PortBox();
-        auto* password = new QCheckBox(String(pell::ids::PortsPasswordRequired));
+        auto* password = new QCheckBox(XString(pell::ids::PortsPasswordRequired));
         name->setBuddy(number);
         grid->addWidget(name, row, 0);
         grid->addWidget(number, row, 1);
@@ -669,27 +666,27 @@ CReceiverPortTCP_PP::CReceiverPortTCP_PP(std::shared_ptr<rxio::IReceiver> receiv
 }
 
 CReceiverPortUDP_PP::CReceiverPortUDP_PP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CReceiverPortPage(std::move(receiver), String(pell::ids::PortsUdpPage), nullptr, parent) {
+    : CReceiverPortPage(std::move(receiver), XString(pell::ids::PortsUdpPage), nullptr, parent) {
     auto* page = new QVBoxLayout(this);
-    auto* box = new QGroupBox(String(pell::ids::PortsGroupUdp));
+    auto* box = new QGroupBox(XString(pell::ids::PortsGroupUdp));
     page->addWidget(box);
     page->addStretch();
     auto* number = PortBox();
-    Form(box)->addRow(String(pell::ids::PortsUdpPort), number);
+    Form(box)->addRow(XString(pell::ids::PortsUdpPort), number);
     BindSigned(number, QStringLiteral("net/udp/port"));
 }
 
 CReceiverPortComModemPP::CReceiverPortComModemPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                  const ReceiverPort& modem, QWidget* parent)
     : CReceiverPortPage(std::move(receiver),
-                        String(pell::ids::PortsModemPage).arg(Letter(modem.path)), nullptr,
+                        XString(pell::ids::PortsModemPage).arg(Letter(modem.path)), nullptr,
                         parent) {
     const auto path = [&modem](const char* leaf) {
         return modem.path + QLatin1String(leaf);
     };
     auto* port = new QComboBox;
     auto* mode = new QComboBox;
-    auto* open = new QCheckBox(String(pell::ids::PortsModemOpen));
+    auto* open = new QCheckBox(XString(pell::ids::PortsModemOpen));
     auto* profile = new QLineEdit;
     profile->setMaxLength(32);
     auto* type = new QLabel;
@@ -697,17 +694,17 @@ CReceiverPortComModemPP::CReceiverPortComModemPP(std::shared_ptr<rxio::IReceiver
     auto* state = new QLabel;
 
     auto* page = new QVBoxLayout(this);
-    auto* settings = new QGroupBox(String(pell::ids::PortsModemGroup));
+    auto* settings = new QGroupBox(XString(pell::ids::PortsModemGroup));
     QFormLayout* form = Form(settings);
-    form->addRow(String(pell::ids::PortsModemPort), port);
-    form->addRow(String(pell::ids::PortsModemMode), mode);
-    form->addRow(String(pell::ids::PortsModemProfile), profile);
+    form->addRow(XString(pell::ids::PortsModemPort), port);
+    form->addRow(XString(pell::ids::PortsModemMode), mode);
+    form->addRow(XString(pell::ids::PortsModemProfile), profile);
     form->addRow(open);
-    auto* connection = new QGroupBox(String(pell::ids::PortsConnectionGroup));
+    auto* connection = new QGroupBox(XString(pell::ids::PortsConnectionGroup));
     QFormLayout* status = Form(connection);
-    status->addRow(String(pell::ids::PortsModemType), type);
-    status->addRow(String(pell::ids::PortsModemHardware), hardware);
-    status->addRow(String(pell::ids::PortsModemState), state);
+    status->addRow(XString(pell::ids::PortsModemType), type);
+    status->addRow(XString(pell::ids::PortsModemHardware), hardware);
+    status->addRow(XString(pell::ids::PortsModemState), state);
     page->addWidget(settings);
     page->addWidget(connection);
     page->addStretch();
@@ -724,12 +721,12 @@ CReceiverPortComModemPP::CReceiverPortComModemPP(std::shared_ptr<rxio::IReceiver
 CReceiverPortComDriverPP::CReceiverPortComDriverPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                    const ReceiverPort& modem, QWidget* parent)
     : CReceiverPortPage(std::move(receiver),
-                        String(pell::ids::PortsDriverPage).arg(Letter(modem.path)), nullptr,
+                        XString(pell::ids::PortsDriverPage).arg(Letter(modem.path)), nullptr,
                         parent),
       m_modem(modem.path),
-      m_slots(List({String(pell::ids::PortsColumnSlot), String(pell::ids::PortsColumnDriver),
-                    String(pell::ids::PortsColumnState)})),
-      m_delete(new QPushButton(String(pell::ids::PortsDeleteDriver))) {
+      m_slots(List({XString(pell::ids::PortsColumnSlot), XString(pell::ids::PortsColumnDriver),
+                    XString(pell::ids::PortsColumnState)})),
+      m_delete(new QPushButton(XString(pell::ids::PortsDeleteDriver))) {
     auto* page = new QVBoxLayout(this);
     page->addWidget(m_slots, 1);
     auto* buttons = new QHBoxLayout;
@@ -781,7 +778,7 @@ bool CReceiverPortComDriverPP::DeleteSelected() {
     QTreeWidgetItem* item = m_slots->currentItem();
     if (!item || !item->data(0, Qt::UserRole).toBool())
         return false;
-    if (g_PellLibApp.MessageBox(this, String(pell::ids::PortsConfirmDriverDeletion),
+    if (g_PellLibApp.MessageBox(this, XString(pell::ids::PortsConfirmDriverDeletion),
                                 pell::MB_YESNO | pell::MB_ICONQUESTION) != pell::IDYES)
         return false;
     const QString slot = m_modem + QLatin1String("/jps/") + item->text(0);
@@ -796,7 +793,7 @@ CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver, QW
 
 CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver,
                                    std::optional<std::vector<ReceiverPort>> ports, QWidget* parent)
-    : CParameterSheet(receiver, String(pell::ids::PortsSheet), MasksFor(ports), parent),
+    : CParameterSheet(receiver, XString(pell::ids::PortsSheet), MasksFor(ports), parent),
       m_ports(ports.value_or(std::vector<ReceiverPort>{})) {
     // A receiver that did not answer: asking again records why, and the sheet reports it.
     if (!Knows(QStringLiteral("dev")) || !ports)
@@ -827,7 +824,7 @@ CReceiverPortsPS::CReceiverPortsPS(std::shared_ptr<rxio::IReceiver> receiver,
                 members.push_back(port);
         if (members.empty())
             continue;
-        AddPage(new CReceiverPortGroupPP(receiver, String(group.titleId), members, controller));
+        AddPage(new CReceiverPortGroupPP(receiver, XString(group.titleId), members, controller));
         if (group.titleId == pell::ids::PortsGroupTcp) {
             QStringList letters;
             for (const ReceiverPort& port : members)

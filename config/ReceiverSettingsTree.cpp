@@ -14,10 +14,6 @@ bool g_showValues = false;
 
 constexpr int kElementRole = Qt::UserRole;
 
-QString Text(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 QString Quoted(const QString& text) {
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
@@ -32,7 +28,7 @@ QString ValueText(const Variable& variable) {
 CReceiverSettingsTree::CReceiverSettingsTree(QWidget* parent) : QTreeWidget(parent) {
     setColumnCount(2);
     setHeaderLabels(
-        {Text(pell::ids::SettingsColumnParameter), Text(pell::ids::SettingsColumnValue)});
+        {XString(pell::ids::SettingsColumnParameter), XString(pell::ids::SettingsColumnValue)});
     header()->setStretchLastSection(true);
     header()->setSectionResizeMode(0, QHeaderView::Interactive);
     setUniformRowHeights(true);
@@ -135,21 +131,21 @@ QString CReceiverSettingsTree::ItemText(const Element& element, bool showValues)
 
 QString CReceiverSettingsTree::DetailsText(const Element& element) {
     QStringList lines = {
-        Text(pell::ids::SettingsDetailsFriendlyName) + Quoted(element.friendlyName),
-        Text(pell::ids::SettingsDetailsName) + Quoted(element.name),
-        Text(pell::ids::SettingsDetailsPath) + Quoted(element.Path()),
+        XString(pell::ids::SettingsDetailsFriendlyName) + Quoted(element.friendlyName),
+        XString(pell::ids::SettingsDetailsName) + Quoted(element.name),
+        XString(pell::ids::SettingsDetailsPath) + Quoted(element.Path()),
     };
     if (element.IsObject())
         return lines.join(QStringLiteral("\r\n"));
     const auto& variable = static_cast<const Variable&>(element);
     const Binding* binding = variable.Resolved();
-    QString type = Text(pell::ids::SettingsDetailsType) + Quoted(TypeDisplayName(variable.type));
+    QString type = XString(pell::ids::SettingsDetailsType) + Quoted(TypeDisplayName(variable.type));
     if (variable.type == EType::Boolean && binding)
-        type += Text(pell::ids::SettingsDetailsTrue) + Quoted(binding->trueText) +
-                Text(pell::ids::SettingsDetailsFalse) + Quoted(binding->falseText);
+        type += XString(pell::ids::SettingsDetailsTrue) + Quoted(binding->trueText) +
+                XString(pell::ids::SettingsDetailsFalse) + Quoted(binding->falseText);
     lines << type;
     if (binding)
-        lines << Text(pell::ids::SettingsDetailsParameter) +
+        lines << XString(pell::ids::SettingsDetailsParameter) +
                      Quoted(binding->parameter + (binding->index >= 0
                                                       ? QStringLiteral("[%1]").arg(binding->index)
                                                       : QString()));

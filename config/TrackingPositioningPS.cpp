@@ -21,21 +21,17 @@ namespace {
 using namespace rxio::vex;
 namespace ids = pell::ids;
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 QString Path(const char* path) {
     return QString::fromLatin1(path);
 }
 
 // A form in a titled group of `page`.
 QFormLayout* GroupForm(unsigned titleId, QVBoxLayout* page) {
-    return CParameterPage::Form(CParameterPage::Group(String(titleId), page));
+    return CParameterPage::Form(CParameterPage::Group(XString(titleId), page));
 }
 
 QCheckBox* CheckBox(unsigned textId) {
-    return new QCheckBox(String(textId));
+    return new QCheckBox(XString(textId));
 }
 
 // A choice that a group's title names, at its own width above the group's rows.
@@ -58,7 +54,7 @@ void AddDialogButton(QVBoxLayout* page, QPushButton* button) {
 
 CTrackingPositioning_GeneralPP::CTrackingPositioning_GeneralPP(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingGeneralPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingGeneralPage), parent) {
     auto* current = new QComboBox;
     auto* standalone = new QComboBox;
     auto* codeDifferential = new QComboBox;
@@ -68,13 +64,13 @@ CTrackingPositioning_GeneralPP::CTrackingPositioning_GeneralPP(
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* modes = GroupForm(ids::TrackingSolutionModes, page);
-    modes->addRow(String(ids::TrackingCurrentMode), current);
-    modes->addRow(String(ids::TrackingStandalone), standalone);
-    modes->addRow(String(ids::TrackingCodeDifferential), codeDifferential);
-    modes->addRow(String(ids::TrackingPppMode), ppp);
+    modes->addRow(XString(ids::TrackingCurrentMode), current);
+    modes->addRow(XString(ids::TrackingStandalone), standalone);
+    modes->addRow(XString(ids::TrackingCodeDifferential), codeDifferential);
+    modes->addRow(XString(ids::TrackingPppMode), ppp);
     QFormLayout* iono = GroupForm(ids::TrackingIonosphere, page);
-    iono->addRow(String(ids::TrackingDifferentialIonosphere), ionosphere);
-    iono->addRow(String(ids::TrackingRtkIonosphere), rtkIonosphere);
+    iono->addRow(XString(ids::TrackingDifferentialIonosphere), ionosphere);
+    iono->addRow(XString(ids::TrackingRtkIonosphere), rtkIonosphere);
     page->addStretch();
 
     BindChoice(current, Path("pos/mode/cur"), TableOf(PosComputationMode::EPosComputationMode{}));
@@ -88,17 +84,17 @@ CTrackingPositioning_GeneralPP::CTrackingPositioning_GeneralPP(
 
 CTrackingPositioning_ObsPP::CTrackingPositioning_ObsPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                        QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingObsPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingObsPage), parent) {
     auto* trackingMask = SpinBox(-10, 90);
     auto* positionMask = SpinBox(-90, 90);
     auto* pdop = RealBox(0, 1000, 1);
 
     auto* page = new QVBoxLayout(this);
     GroupForm(ids::TrackingSatellitesTracking, page)
-        ->addRow(String(ids::TrackingElevationMask), trackingMask);
+        ->addRow(XString(ids::TrackingElevationMask), trackingMask);
     QFormLayout* position = GroupForm(ids::TrackingPositionComputation, page);
-    position->addRow(String(ids::TrackingElevationMask), positionMask);
-    position->addRow(String(ids::TrackingPdopMask), pdop);
+    position->addRow(XString(ids::TrackingElevationMask), positionMask);
+    position->addRow(XString(ids::TrackingPdopMask), pdop);
     page->addStretch();
 
     BindSigned(trackingMask, Path("lock/elm"));
@@ -108,15 +104,15 @@ CTrackingPositioning_ObsPP::CTrackingPositioning_ObsPP(std::shared_ptr<rxio::IRe
 
 CTrackingPositioning_ObsRTK3PP::CTrackingPositioning_ObsRTK3PP(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingRtkMasksPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingRtkMasksPage), parent) {
     auto* mask = RealBox(0, 90, 1);
     auto* pdop = RealBox(0, 1000, 1);
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* form = Form(nullptr);
     page->addLayout(form);
-    form->addRow(String(ids::TrackingRtkElevationMask), mask);
-    form->addRow(String(ids::TrackingRtkPdopMask), pdop);
+    form->addRow(XString(ids::TrackingRtkElevationMask), mask);
+    form->addRow(XString(ids::TrackingRtkPdopMask), pdop);
     page->addStretch();
 
     BindReal(mask, Path("pos/rtk/elm"));
@@ -125,7 +121,7 @@ CTrackingPositioning_ObsRTK3PP::CTrackingPositioning_ObsRTK3PP(
 
 CTrackingPositioning_BasePP::CTrackingPositioning_BasePP(std::shared_ptr<rxio::IReceiver> receiver,
                                                          QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingBasePage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingBasePage), parent) {
     auto* antenna = new QLineEdit;
     antenna->setMaxLength(31); // the receiver's longest antenna name
     antenna->setMinimumWidth(
@@ -136,9 +132,9 @@ CTrackingPositioning_BasePP::CTrackingPositioning_BasePP(std::shared_ptr<rxio::I
     auto* page = new QVBoxLayout(this);
     QFormLayout* form = Form(nullptr);
     page->addLayout(form);
-    form->addRow(String(ids::TrackingAntennaType), antenna);
+    form->addRow(XString(ids::TrackingAntennaType), antenna);
     form->addRow(scintillations);
-    form->addRow(String(ids::TrackingRtkEngineVersion), version);
+    form->addRow(XString(ids::TrackingRtkEngineVersion), version);
     page->addStretch();
 
     BindText(antenna, Path("ref/ant/id"));
@@ -148,27 +144,27 @@ CTrackingPositioning_BasePP::CTrackingPositioning_BasePP(std::shared_ptr<rxio::I
 
 CTrackingPositioning_RTKPP::CTrackingPositioning_RTKPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                        QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingRtkPage), parent),
+    : CParameterPage(std::move(receiver), XString(ids::TrackingRtkPage), parent),
       m_mode(new QComboBox), m_extrapolation(RealBox(0, 120, 1)) {
     auto* period = RealBox(0, 60, 1);
     auto* dynamics = new QComboBox;
     auto* acceleration = RealBox(0, 100, 2);
     auto* fixing = new QComboBox;
     auto* ionosphere = RealBox(0, 10000, 1);
-    auto* advanced = new QPushButton(String(ids::TrackingAdvanced));
+    auto* advanced = new QPushButton(XString(ids::TrackingAdvanced));
     advanced->setObjectName(QStringLiteral("advancedButton"));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* mode = GroupForm(ids::TrackingRtkMode, page);
     mode->addRow(Alone(m_mode));
-    mode->addRow(String(ids::TrackingExtrapolationTime), m_extrapolation);
-    mode->addRow(String(ids::TrackingCorrectionsPeriod), period);
+    mode->addRow(XString(ids::TrackingExtrapolationTime), m_extrapolation);
+    mode->addRow(XString(ids::TrackingCorrectionsPeriod), period);
     QFormLayout* motion = GroupForm(ids::TrackingDynamics, page);
     motion->addRow(Alone(dynamics));
-    motion->addRow(String(ids::TrackingAcceleration), acceleration);
+    motion->addRow(XString(ids::TrackingAcceleration), acceleration);
     QFormLayout* solution = GroupForm(ids::TrackingAmbiguityFixing, page);
     solution->addRow(Alone(fixing));
-    solution->addRow(String(ids::TrackingIonosphericResidual), ionosphere);
+    solution->addRow(XString(ids::TrackingIonosphericResidual), ionosphere);
     page->addStretch();
     AddDialogButton(page, advanced);
 
@@ -201,16 +197,16 @@ void CTrackingPositioning_RTKPP::FollowMode() {
 
 CTrackingPositioning_AdvancedRTKDlg::CTrackingPositioning_AdvancedRTKDlg(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterDialog(std::move(receiver), String(ids::TrackingAdvancedRtkDialog), parent),
+    : CParameterDialog(std::move(receiver), XString(ids::TrackingAdvancedRtkDialog), parent),
       m_vrs(new QComboBox), m_ifBaseline(Body().RealBox(0, 100000, 1)),
       m_weighting(CheckBox(ids::TrackingWeightResiduals)), m_maxResidual(Body().SpinBox(1, 10000)) {
     auto* page = new QVBoxLayout(&Body());
     QFormLayout* residuals = CParameterPage::Form(nullptr);
     page->addLayout(residuals);
-    residuals->addRow(String(ids::TrackingVrsMode) + QLatin1Char(':'), m_vrs);
-    residuals->addRow(String(ids::TrackingIfBaseline), m_ifBaseline);
+    residuals->addRow(XString(ids::TrackingVrsMode) + QLatin1Char(':'), m_vrs);
+    residuals->addRow(XString(ids::TrackingIfBaseline), m_ifBaseline);
     residuals->addRow(m_weighting);
-    residuals->addRow(String(ids::TrackingMaxResidual), m_maxResidual);
+    residuals->addRow(XString(ids::TrackingMaxResidual), m_maxResidual);
 
     Body().BindChoice(m_vrs, Path("pos/pd/vrs"), TableOf(OffOnAuto::EOffOnAuto{}));
     Body().BindReal(m_ifBaseline, Path("pos/rtk/ifr"));
@@ -233,7 +229,7 @@ void CTrackingPositioning_AdvancedRTKDlg::Fill(AdvancedRTKStruct& values) {
 
 CTrackingPositioning_OrcaPP::CTrackingPositioning_OrcaPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                          QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingOrcaPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingOrcaPage), parent) {
     auto* mode = new QComboBox;
     auto* filter = new QComboBox;
     auto* rms = RealBox(0, 180, 2);
@@ -242,12 +238,12 @@ CTrackingPositioning_OrcaPP::CTrackingPositioning_OrcaPP(std::shared_ptr<rxio::I
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* heading = GroupForm(ids::TrackingOrcaPage, page);
-    heading->addRow(String(ids::TrackingHeadingMode), mode);
-    heading->addRow(String(ids::TrackingAzimuthFilter), filter);
-    heading->addRow(String(ids::TrackingAzimuthRms), rms);
+    heading->addRow(XString(ids::TrackingHeadingMode), mode);
+    heading->addRow(XString(ids::TrackingAzimuthFilter), filter);
+    heading->addRow(XString(ids::TrackingAzimuthRms), rms);
     QFormLayout* baseline = GroupForm(ids::TrackingBaseline, page);
-    baseline->addRow(String(ids::TrackingDistanceMode), distanceMode);
-    baseline->addRow(String(ids::TrackingDistanceValue), distance);
+    baseline->addRow(XString(ids::TrackingDistanceMode), distanceMode);
+    baseline->addRow(XString(ids::TrackingDistanceValue), distance);
     page->addStretch();
 
     BindChoice(mode, Path("hd/mode"), TableOf(HeadingMode::EHeadingMode{}));
@@ -259,23 +255,23 @@ CTrackingPositioning_OrcaPP::CTrackingPositioning_OrcaPP(std::shared_ptr<rxio::I
 
 CTrackingPositioning_KestrelPP::CTrackingPositioning_KestrelPP(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingKestrelPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingKestrelPage), parent) {
     auto* heading = CheckBox(ids::TrackingKestrelHeading);
     auto* length = RealBox(0, 100, 3);
     auto* secondFrequency = CheckBox(ids::TrackingSecondFrequency);
     auto* distanceMode = new QComboBox;
     auto* distance = new QLabel;
-    auto* advanced = new QPushButton(String(ids::TrackingAdvanced));
+    auto* advanced = new QPushButton(XString(ids::TrackingAdvanced));
     advanced->setObjectName(QStringLiteral("advancedButton"));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* form = GroupForm(ids::TrackingOrcaPage, page);
     form->addRow(heading);
-    form->addRow(String(ids::TrackingBaselineLength), length);
+    form->addRow(XString(ids::TrackingBaselineLength), length);
     form->addRow(secondFrequency);
     QFormLayout* baseline = GroupForm(ids::TrackingBaseline, page);
-    baseline->addRow(String(ids::TrackingDistanceMode), distanceMode);
-    baseline->addRow(String(ids::TrackingDistanceValue), distance);
+    baseline->addRow(XString(ids::TrackingDistanceMode), distanceMode);
+    baseline->addRow(XString(ids::TrackingDistanceValue), distance);
     page->addStretch();
     AddDialogButton(page, advanced);
 
@@ -293,7 +289,7 @@ CTrackingPositioning_KestrelPP::CTrackingPositioning_KestrelPP(
 
 CTrackingPositioning_AdvancedKestrelDlg::CTrackingPositioning_AdvancedKestrelDlg(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterDialog(std::move(receiver), String(ids::TrackingAdvancedKestrelDialog), parent) {
+    : CParameterDialog(std::move(receiver), XString(ids::TrackingAdvancedKestrelDialog), parent) {
     CParameterPage& body = Body();
     auto* initial = new QComboBox;
     auto* headingShift = body.RealBox(-180, 180, 2);
@@ -306,8 +302,8 @@ CTrackingPositioning_AdvancedKestrelDlg::CTrackingPositioning_AdvancedKestrelDlg
     auto* page = new QVBoxLayout(&body);
     GroupForm(ids::TrackingInitialAngles, page)->addRow(Alone(initial));
     QFormLayout* shifts = GroupForm(ids::TrackingShifts, page);
-    shifts->addRow(String(ids::TrackingHeadingShift), headingShift);
-    shifts->addRow(String(ids::TrackingInclinationShift), inclinationShift);
+    shifts->addRow(XString(ids::TrackingHeadingShift), headingShift);
+    shifts->addRow(XString(ids::TrackingInclinationShift), inclinationShift);
     for (QCheckBox* box : {lineBiases, cable, smoothing, headingOnly})
         page->addWidget(box);
     page->addStretch();
@@ -324,7 +320,7 @@ CTrackingPositioning_AdvancedKestrelDlg::CTrackingPositioning_AdvancedKestrelDlg
 
 CTrackingPositioning_AntPP::CTrackingPositioning_AntPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                        QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingAntennaPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingAntennaPage), parent) {
     auto* input = new QComboBox;
     auto* current = new QLabel;
     auto* external = new QLabel;
@@ -333,10 +329,10 @@ CTrackingPositioning_AntPP::CTrackingPositioning_AntPP(std::shared_ptr<rxio::IRe
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* form = GroupForm(ids::TrackingAntennaInput, page);
-    form->addRow(String(ids::TrackingInput), input);
-    form->addRow(String(ids::TrackingCurrentInput), current);
-    form->addRow(String(ids::TrackingExtAntennaStatus), external);
-    form->addRow(String(ids::TrackingHdAntennaStatus), heading);
+    form->addRow(XString(ids::TrackingInput), input);
+    form->addRow(XString(ids::TrackingCurrentInput), current);
+    form->addRow(XString(ids::TrackingExtAntennaStatus), external);
+    form->addRow(XString(ids::TrackingHdAntennaStatus), heading);
     page->addWidget(twin);
     page->addStretch();
 
@@ -349,7 +345,7 @@ CTrackingPositioning_AntPP::CTrackingPositioning_AntPP(std::shared_ptr<rxio::IRe
 
 CTrackingPositioning_AdvPP::CTrackingPositioning_AdvPP(std::shared_ptr<rxio::IReceiver> receiver,
                                                        QWidget* parent)
-    : CParameterPage(std::move(receiver), String(ids::TrackingAdvPage), parent) {
+    : CParameterPage(std::move(receiver), XString(ids::TrackingAdvPage), parent) {
     auto* rawRate = SpinBox(10, 1000);
     auto* positionRate = SpinBox(10, 1000);
     auto* code = CheckBox(ids::TrackingCodeMultipath);
@@ -357,14 +353,14 @@ CTrackingPositioning_AdvPP::CTrackingPositioning_AdvPP(std::shared_ptr<rxio::IRe
     auto* cinderella = CheckBox(ids::TrackingCinderella);
     auto* qll = CheckBox(ids::TrackingQuartzLockLoop);
     auto* antiJamming = new QComboBox;
-    auto* settings = new QPushButton(String(ids::TrackingAntiJammingSettings));
+    auto* settings = new QPushButton(XString(ids::TrackingAntiJammingSettings));
     settings->setObjectName(QStringLiteral("antiJammingButton"));
 
     auto* page = new QVBoxLayout(this);
     QFormLayout* rates = GroupForm(ids::TrackingUpdateRates, page);
-    rates->addRow(String(ids::TrackingRawRate), rawRate);
-    rates->addRow(String(ids::TrackingPositionRate), positionRate);
-    auto* multipath = new QVBoxLayout(Group(String(ids::TrackingMultipath), page));
+    rates->addRow(XString(ids::TrackingRawRate), rawRate);
+    rates->addRow(XString(ids::TrackingPositionRate), positionRate);
+    auto* multipath = new QVBoxLayout(Group(XString(ids::TrackingMultipath), page));
     multipath->addWidget(code);
     multipath->addWidget(carrier);
     QFormLayout* options = GroupForm(ids::TrackingOptions, page);
@@ -373,7 +369,7 @@ CTrackingPositioning_AdvPP::CTrackingPositioning_AdvPP(std::shared_ptr<rxio::IRe
     auto* jamming = new QHBoxLayout;
     jamming->addWidget(antiJamming);
     jamming->addWidget(settings);
-    options->addRow(String(ids::TrackingAntiJamming) + QLatin1Char(':'), jamming);
+    options->addRow(XString(ids::TrackingAntiJamming) + QLatin1Char(':'), jamming);
     page->addStretch();
 
     BindSigned(rawRate, Path("raw/msint"));
@@ -393,7 +389,7 @@ CTrackingPositioning_AdvPP::CTrackingPositioning_AdvPP(std::shared_ptr<rxio::IRe
 
 CTrackingPositioning_AntiJammingDlg::CTrackingPositioning_AntiJammingDlg(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
-    : CParameterDialog(std::move(receiver), String(ids::TrackingAntiJammingDialog), parent) {
+    : CParameterDialog(std::move(receiver), XString(ids::TrackingAntiJammingDialog), parent) {
     CParameterPage& body = Body();
     auto* page = new QHBoxLayout(&body);
     const struct {
@@ -408,7 +404,7 @@ CTrackingPositioning_AntiJammingDlg::CTrackingPositioning_AntiJammingDlg(
          {{ids::TrackingL1, "ajm/chan/gln/l1"}, {ids::TrackingL2, "ajm/chan/gln/l2"}}},
     };
     for (const auto& system : systems) {
-        auto* group = new QGroupBox(String(system.systemId));
+        auto* group = new QGroupBox(XString(system.systemId));
         auto* bands = new QVBoxLayout(group);
         for (const auto& [bandId, path] : system.bands) {
             QCheckBox* band = CheckBox(bandId);
@@ -423,7 +419,7 @@ CTrackingPositioning_AntiJammingDlg::CTrackingPositioning_AntiJammingDlg(
 // Pages in the order a surveyor sets a receiver up; each where the receiver has its parameters.
 CTrackingPositioningPS::CTrackingPositioningPS(std::shared_ptr<rxio::IReceiver> receiver,
                                                QWidget* parent)
-    : CParameterSheet(receiver, String(ids::TrackingSheet),
+    : CParameterSheet(receiver, XString(ids::TrackingSheet),
                       {Path("pos/mode/*"),    Path("pos/dion/mode"),
                        Path("pos/elm"),       Path("pos/pdop"),
                        Path("pos/msint"),     Path("pos/rtk/*"),

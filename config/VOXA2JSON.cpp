@@ -26,10 +26,6 @@ namespace VOXA2JSON {
 
 namespace {
 
-QString Text(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 struct TypeName {
     EType type;
     const char* name;    // the dictionary's Type text
@@ -351,7 +347,7 @@ template <typename Compose> std::optional<QString> Command(Compose compose) {
 }
 
 Reply CannotCompose() {
-    return {false, Text(pell::ids::SettingsCannotCompose)};
+    return {false, XString(pell::ids::SettingsCannotCompose)};
 }
 
 Reply Run(ReceiverAccessor& accessor, const std::optional<QString>& command) {
@@ -720,7 +716,7 @@ Reply WriteDefaultMessages(ReceiverAccessor& accessor, const Binding& binding, c
     if (failed == 0)
         return {true, {}};
     const auto total = unsigned(messages.size());
-    return {false, QString::asprintf(qUtf8Printable(Text(pell::ids::SettingsMessagesRestored)),
+    return {false, QString::asprintf(qUtf8Printable(XString(pell::ids::SettingsMessagesRestored)),
                                      total - failed, total)};
 }
 
@@ -732,7 +728,7 @@ Reply WriteIndexed(ReceiverAccessor& accessor, const Binding& binding, const Val
     if (!printed.ok)
         return printed;
     if (!printed.text.startsWith(QLatin1Char('{')) || !printed.text.endsWith(QLatin1Char('}')))
-        return {false, Text(pell::ids::SettingsCannotParseReply)};
+        return {false, XString(pell::ids::SettingsCannotParseReply)};
     QStringList items = CVexReceiverMate::SplitList(printed.text);
     if (items.size() < binding.index + 1)
         return CannotCompose();
@@ -880,7 +876,7 @@ std::shared_ptr<Object> Dictionary::Parse(const QByteArray& xml, QString* error)
     if (xml.size() > kMaxDictionaryBytes || !ShallowEnough(xml) || !document.setContent(xml) ||
         !NameIs(document.documentElement(), "Objects")) {
         if (error)
-            *error = Text(pell::ids::SettingsInvalidFileFormat);
+            *error = XString(pell::ids::SettingsInvalidFileFormat);
         return nullptr;
     }
     auto root = std::make_shared<Object>();
@@ -997,7 +993,7 @@ const Binding* Resolve(Variable& variable, ReceiverAccessor& accessor) {
             variable.resolved = i;
             return &variable.bindings[i];
         }
-    variable.error = Text(pell::ids::SettingsDoesNotApply);
+    variable.error = XString(pell::ids::SettingsDoesNotApply);
     return nullptr;
 }
 
@@ -1022,7 +1018,7 @@ void ReadVariable(Variable& variable, ReceiverAccessor& accessor) {
     }
     const auto value = text.isNull() ? std::nullopt : ParseValue(variable.type, *binding, text);
     if (!value) {
-        variable.error = Text(pell::ids::SettingsCannotParseReply);
+        variable.error = XString(pell::ids::SettingsCannotParseReply);
         return;
     }
     variable.value = *value;

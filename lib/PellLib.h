@@ -63,6 +63,11 @@ private:
 
 PELL_EXPORT extern CPellLibApp g_PellLibApp;
 
+// A text of the string table in the user's language.
+inline QString XString(unsigned id) {
+    return g_PellLibApp.XLoadString(id);
+}
+
 // What every run_ entry holds for its duration: the library initialised and its texts in use.
 class PELL_EXPORT CPellModuleState {
 public:

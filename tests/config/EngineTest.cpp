@@ -66,10 +66,6 @@ Variable& Find(Object& root, const QString& path) {
     return none;
 }
 
-QString Text(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 TEST(SettingsEngine, NamesTypesAndPatterns) {
     EXPECT_EQ(ParseAttributes("readonly; DoNotExportByDefault ;writeonly;other"),
               ReadOnly | DoNotExportByDefault | WriteOnly);
@@ -124,11 +120,11 @@ TEST(SettingsEngine, RefusesWhatIsNoDictionary) {
                                   QByteArray("<Things><Object Name=\"a\"/></Things>"), deep}) {
         QString error;
         EXPECT_FALSE(Dictionary::Parse(xml, &error)) << xml.left(40).constData();
-        EXPECT_EQ(error, Text(pell::ids::SettingsInvalidFileFormat));
+        EXPECT_EQ(error, XString(pell::ids::SettingsInvalidFileFormat));
     }
     QString error;
     EXPECT_FALSE(Dictionary::Load(QStringLiteral("/no/such/VOXA2JSON.xml"), &error));
-    EXPECT_EQ(error, Text(pell::ids::SettingsInvalidFileFormat));
+    EXPECT_EQ(error, XString(pell::ids::SettingsInvalidFileFormat));
 }
 
 TEST(SettingsEngine, ReadsTheTreeAndItsBindings) {
@@ -204,7 +200,7 @@ TEST_F(SettingsEngineTest, ExportsTheSelectedTreeMemberByMember) {
                              R"("MaskAgain":12,"Pdop":30.0,"Gps":%1,"Mode":"pd","Heading":"off"}})")
                   .arg(gps));
     EXPECT_EQ(Find(*root, QStringLiteral("Receiver/Missing")).error,
-              Text(pell::ids::SettingsDoesNotApply));
+              XString(pell::ids::SettingsDoesNotApply));
     // Two variables on one path, one print; the identity is asked once for the whole walk.
     EXPECT_EQ(Sent(receiver, QStringLiteral("print,pos/elm")), 1);
     EXPECT_EQ(Sent(receiver, QStringLiteral("print,/par/pos/elm")), 1);
@@ -231,7 +227,7 @@ TEST_F(SettingsEngineTest, ReadsEachKindOrSaysWhyNot) {
     for (const auto& c : cases) {
         const Variable& variable = Find(*root, c.path);
         EXPECT_EQ(DisplayText(variable), QString(c.display)) << c.path;
-        EXPECT_EQ(variable.error, c.error ? Text(c.error) : QString()) << c.path;
+        EXPECT_EQ(variable.error, c.error ? XString(c.error) : QString()) << c.path;
     }
 }
 
@@ -272,7 +268,7 @@ TEST_F(SettingsEngineTest, WritesEachKindAsOneCommand) {
                                            ? std::pair{EWriteOutcome::Skipped, QString()}
                                            : written->second;
         EXPECT_EQ(outcome, c.outcome) << c.json;
-        const QString expected = c.error ? Text(c.error) : error;
+        const QString expected = c.error ? XString(c.error) : error;
         EXPECT_EQ(error, expected) << c.json;
         EXPECT_EQ(outcome == EWriteOutcome::Failed && !c.error, error.startsWith(QLatin1Char('{')))
             << c.json << error.toStdString();
@@ -343,9 +339,9 @@ TEST_F(SettingsEngineTest, MessageSetsGoOutAsTheirCommands) {
         const auto& [outcome, error] = written->second;
         EXPECT_EQ(outcome, c.error ? EWriteOutcome::Failed : EWriteOutcome::Written);
         const QString expected = c.error == pell::ids::SettingsMessagesRestored
-                                     ? QString::asprintf(qUtf8Printable(Text(c.error)), 1u, 2u)
+                                     ? QString::asprintf(qUtf8Printable(XString(c.error)), 1u, 2u)
                                      : (c.error == 1 ? QStringLiteral("{2,,value out of range}")
-                                                     : (c.error ? Text(c.error) : QString()));
+                                                     : (c.error ? XString(c.error) : QString()));
         EXPECT_EQ(error, expected) << c.json.constData();
     }
     EXPECT_EQ(receiver.Value(QStringLiteral("msg/def")),
@@ -372,7 +368,7 @@ TEST_F(SettingsEngineTest, ImportIntoAnotherProfileSaysWhatDoesNotApply) {
     pell::test::SimulatedReceiver lumen(QStringLiteral("lumen7"));
     const auto outcomes = Import(lumen, json);
     EXPECT_EQ(outcomes.at(QStringLiteral("Positioning/Heading")),
-              std::pair(EWriteOutcome::Failed, Text(pell::ids::SettingsDoesNotApply)));
+              std::pair(EWriteOutcome::Failed, XString(pell::ids::SettingsDoesNotApply)));
     EXPECT_EQ(outcomes.at(QStringLiteral("Positioning/Mask")).first, EWriteOutcome::Written);
     EXPECT_FALSE(outcomes.contains(QStringLiteral("Receiver/Model"))); // not imported by default
     // Filtered away by its model before the receiver is asked.
@@ -463,7 +459,7 @@ TEST_F(SettingsEngineTest, FailedOrStoppedExportLeavesTheEarlierFile) {
     const auto written = ReadSettingsFile(path, &error);
     EXPECT_TRUE(written);
     EXPECT_FALSE(ReadSettingsFile(dir.filePath(QStringLiteral("none.json")), &error));
-    EXPECT_EQ(error, Text(pell::ids::SettingsFileCannotBeParsed));
+    EXPECT_EQ(error, XString(pell::ids::SettingsFileCannotBeParsed));
 }
 
 } // namespace

@@ -29,10 +29,6 @@ bool Shows(const QWidget& page, const QString& text) {
     return false;
 }
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 // The pages each receiver has; every control of every page, changed alone, sends exactly the
 // one command of its kind.
 TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
@@ -42,13 +38,13 @@ TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
         std::vector<const char*> expected;
     } cases[] = {
         {"ostrel-q",
-         {String(pell::ids::NtripClientPage), String(pell::ids::NtripServerNumbered).arg(1),
-          String(pell::ids::NtripServerNumbered).arg(2), String(pell::ids::NtripCasterPage)},
+         {XString(pell::ids::NtripClientPage), XString(pell::ids::NtripServerNumbered).arg(1),
+          XString(pell::ids::NtripServerNumbered).arg(2), XString(pell::ids::NtripCasterPage)},
          {"set,ntrip/mode,client", "set,ntrip/caster/port,2102", "set,ntrip/caster/passwd,\"X\"",
           "set,dev/ntrip/a/imode,cmr", "set,/app/ntrip/server/2/mode,on",
           "set,/app/ntrip/caster/auth,digest", "set,/app/ntrip/caster/1/port,2103"}},
         {"lumen7",
-         {String(pell::ids::NtripClientPage), String(pell::ids::NtripServerPage)},
+         {XString(pell::ids::NtripClientPage), XString(pell::ids::NtripServerPage)},
          {"set,ntrip/server/mountpt/descr,\"X\"", "set,ntrip/server/protocol,v2",
           "set,ntrip/server/proxy/port,1"}},
     };
@@ -118,7 +114,7 @@ TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
     CParameterPage& caster =
-        Page(sheet, int(Titles(sheet).indexOf(String(pell::ids::NtripCasterPage))));
+        Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
     const auto add = [&](CNtrip_Caster_UsersDlg& users, const char* name) {
         WithDialog<CNtrip_Caster_UserDlg>(
             receiver, [&] { Click(users, "addButton"); },
@@ -151,9 +147,9 @@ TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
     QStringList said;
     for (const auto& box : boxes.Boxes())
         said << box.text;
-    EXPECT_EQ(said, (QStringList{String(pell::ids::NtripUserNameEmpty),
-                                 String(pell::ids::NtripUserNameTaken),
-                                 String(pell::ids::NtripConfirmDeletion)}));
+    EXPECT_EQ(said, (QStringList{XString(pell::ids::NtripUserNameEmpty),
+                                 XString(pell::ids::NtripUserNameTaken),
+                                 XString(pell::ids::NtripConfirmDeletion)}));
     EXPECT_EQ(receiver.Value(QStringLiteral("app/ntrip/caster/usr/00/name")),
               QStringLiteral("\"ann\""));
     EXPECT_TRUE(caster.IsModified());

@@ -19,10 +19,6 @@ namespace {
 using namespace pell::test;
 using Sheet = CPellWindow<CTrackingPositioningPS>;
 
-QString String(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 // Changes the first control of the dialog that can change; the command it would write.
 QString ChangeOne(CParameterDialog& dialog) {
     for (QWidget* control : dialog.Body().findChildren<QWidget*>())
@@ -33,11 +29,11 @@ QString ChangeOne(CParameterDialog& dialog) {
 
 TEST(TrackingSheetTest, PagesAreThePartsTheReceiverHas) {
     const QStringList common = {
-        String(pell::ids::TrackingGeneralPage),  String(pell::ids::TrackingObsPage),
-        String(pell::ids::TrackingRtkMasksPage), String(pell::ids::TrackingBasePage),
-        String(pell::ids::TrackingRtkPage),      String(pell::ids::TrackingOrcaPage)};
-    const QStringList end = {String(pell::ids::TrackingAntennaPage),
-                             String(pell::ids::TrackingAdvPage)};
+        XString(pell::ids::TrackingGeneralPage),  XString(pell::ids::TrackingObsPage),
+        XString(pell::ids::TrackingRtkMasksPage), XString(pell::ids::TrackingBasePage),
+        XString(pell::ids::TrackingRtkPage),      XString(pell::ids::TrackingOrcaPage)};
+    const QStringList end = {XString(pell::ids::TrackingAntennaPage),
+                             XString(pell::ids::TrackingAdvPage)};
     const struct {
         const char* profile;
         bool kestrel;
@@ -46,7 +42,7 @@ TEST(TrackingSheetTest, PagesAreThePartsTheReceiverHas) {
         SimulatedReceiver receiver(QString::fromLatin1(c.profile));
         Sheet sheet(receiver.Receiver(), nullptr);
         const QStringList kestrel =
-            c.kestrel ? QStringList{String(pell::ids::TrackingKestrelPage)} : QStringList{};
+            c.kestrel ? QStringList{XString(pell::ids::TrackingKestrelPage)} : QStringList{};
         EXPECT_EQ(Titles(sheet), common + kestrel + end) << c.profile;
         // The twin antenna's rows only where the receiver has them.
         sheet.show();

@@ -34,10 +34,6 @@ void Click(QWidget& wizard, const char* button) {
     wizard.findChild<QPushButton*>(QLatin1String(button))->click();
 }
 
-QString Text(unsigned id) {
-    return g_PellLibApp.XLoadString(id);
-}
-
 QByteArray Contents(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -105,13 +101,14 @@ TEST_F(WizardTest, ExportWritesWhatIsCheckedAndRemembersTheFile) {
         page.ShowDetails();
         ASSERT_FALSE(boxes.Boxes().empty());
         EXPECT_EQ(boxes.Boxes().back().text,
-                  Text(pell::ids::SettingsDetailsFriendlyName) + "\"GPS PRN 1 used\"\r\n" +
-                      Text(pell::ids::SettingsDetailsName) + "\"Gps1\"\r\n" +
-                      Text(pell::ids::SettingsDetailsPath) + "\"Positioning/Satellites/Gps1\"\r\n" +
-                      Text(pell::ids::SettingsDetailsType) + "\"Boolean\"" +
-                      Text(pell::ids::SettingsDetailsTrue) + "\"y\"" +
-                      Text(pell::ids::SettingsDetailsFalse) + "\"n\"\r\n" +
-                      Text(pell::ids::SettingsDetailsParameter) + "\"pos/gps/sat[0]\"");
+                  XString(pell::ids::SettingsDetailsFriendlyName) + "\"GPS PRN 1 used\"\r\n" +
+                      XString(pell::ids::SettingsDetailsName) + "\"Gps1\"\r\n" +
+                      XString(pell::ids::SettingsDetailsPath) +
+                      "\"Positioning/Satellites/Gps1\"\r\n" +
+                      XString(pell::ids::SettingsDetailsType) + "\"Boolean\"" +
+                      XString(pell::ids::SettingsDetailsTrue) + "\"y\"" +
+                      XString(pell::ids::SettingsDetailsFalse) + "\"n\"\r\n" +
+                      XString(pell::ids::SettingsDetailsParameter) + "\"pos/gps/sat[0]\"");
         // An unchecked object leaves its subtree out; its children keep their own check boxes.
         QTreeWidgetItem* first = page.Tree().topLevelItem(0);
         const auto states = [first] {
@@ -135,7 +132,7 @@ TEST_F(WizardTest, ExportWritesWhatIsCheckedAndRemembersTheFile) {
         EXPECT_EQ(written, BuildJson(*page.Root()));
         EXPECT_FALSE(written.contains('"' + page.Root()->children[0]->name.toUtf8() + '"'));
         ASSERT_FALSE(boxes.Boxes().empty());
-        EXPECT_EQ(boxes.Boxes().back().text, Text(pell::ids::SettingsFileSaved));
+        EXPECT_EQ(boxes.Boxes().back().text, XString(pell::ids::SettingsFileSaved));
     }
     ExportWizard again(receiver.Receiver(), nullptr);
     again.show();
@@ -155,8 +152,8 @@ TEST_F(WizardTest, ImportIntoAnotherReceiverReportsEachSetting) {
     QStringList results;
     for (int i = 0; i < progress.Rows().topLevelItemCount(); ++i)
         results << progress.Rows().topLevelItem(i)->text(1);
-    EXPECT_TRUE(results.contains(Text(pell::ids::SettingsImported)));
-    EXPECT_TRUE(results.contains(Text(pell::ids::SettingsDoesNotApply)));
+    EXPECT_TRUE(results.contains(XString(pell::ids::SettingsImported)));
+    EXPECT_TRUE(results.contains(XString(pell::ids::SettingsDoesNotApply)));
     // One row per setting that had something to write: read-only ones have none.
     QString error;
     auto root = Dictionary::Load(Dictionary::DefaultPath(), &error);
@@ -229,7 +226,7 @@ TEST_F(WizardTest, ShowValuesIsSharedAndABadFileKeepsThePage) {
         Click(wizard, "nextButton");
         EXPECT_EQ(wizard.GetActiveIndex(), 0);
         ASSERT_FALSE(boxes.Boxes().empty());
-        EXPECT_EQ(boxes.Boxes().back().text, Text(pell::ids::SettingsFileCannotBeParsed));
+        EXPECT_EQ(boxes.Boxes().back().text, XString(pell::ids::SettingsFileCannotBeParsed));
         wizard.FilePage().SetFilePath(SavedFrom(QStringLiteral("ostrel-q"), "ostrel.json"));
         Click(wizard, "nextButton");
         ASSERT_EQ(wizard.GetActiveIndex(), 1);
