@@ -1,5 +1,6 @@
 #include "config/NtripPS.h"
 
+#include "config/Ntrip_Caster_MountpointsDlg.h"
 #include "config/Ntrip_Caster_UsersDlg.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PasswordField.h"
@@ -34,8 +35,8 @@ QString AddressLine(const QString& host, const QString& port) {
 CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterPage(std::move(receiver), XString(pell::ids::NtripClientPage), parent),
       m_function(new QComboBox), m_caster(new QLineEdit), m_casterPort(PortBox()),
-      m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel(this)),
-      m_proxyPort(new QLabel(this)), m_state(new QLabel), m_casterLine(new QLabel),
+      m_mountpoint(new QLineEdit), m_inputMode(new QComboBox), m_proxy(new QLabel),
+      m_proxyPort(new QLabel), m_state(new QLabel), m_casterLine(new QLabel),
       m_proxyLine(new QLabel) {
     auto* dataPort = new QComboBox;
     auto* user = new QLineEdit;
@@ -88,6 +89,9 @@ CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWid
     BindText(user, QStringLiteral("ntrip/caster/user"));
     BindText(password, QStringLiteral("ntrip/caster/passwd"));
     BindChoice(m_inputMode, QStringLiteral("dev/ntrip/a/imode"), TableOf(IMode::EIMode{}));
+    // The proxy's address and port feed the line under "Proxy Server".
+    Hold(m_proxy, *this);
+    Hold(m_proxyPort, *this);
     BindShown(m_proxy, QStringLiteral("ntrip/caster/proxy/addr"));
     BindShown(m_proxyPort, QStringLiteral("ntrip/caster/proxy/port"));
     BindShown(m_state, QStringLiteral("ntrip/state"), &TableOf(NtripState::ENtripState{}));
@@ -133,10 +137,6 @@ bool CNtrip_ClientPP::OnApply() {
 }
 
 void CNtrip_ClientPP::OnValuesRead() {
-    // The proxy's address and port feed the line under "Proxy Server" and never show themselves;
-    // a reading shows the controls of the parameters the receiver knows.
-    m_proxy->hide();
-    m_proxyPort->hide();
     // The client's state means nothing while the receiver's NTRIP function is not the client.
     if (m_function->currentData().toString() !=
         TableOf(NtripMode::ENtripMode{}).Text(NtripMode::Client))
@@ -245,7 +245,9 @@ CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int 
     auto* mountpoint = new QLineEdit;
     auto* user = new QLineEdit;
     auto* password = new QLineEdit;
+    auto* output = new QPushButton(XString(pell::ids::NtripServerOutput));
     auto* advanced = new QPushButton(XString(pell::ids::NtripAdvanced));
+    output->setObjectName(QStringLiteral("outputButton"));
     MaskPassword(password);
 
     auto* page = new QVBoxLayout(this);
@@ -260,6 +262,7 @@ CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int 
     page->addStretch();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
+    buttons->addWidget(output);
     buttons->addWidget(advanced);
     page->addLayout(buttons);
 
@@ -269,16 +272,18 @@ CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int 
     BindText(mountpoint, Path(server, "mountpt"));
     BindText(user, Path(server, "user"));
     BindText(password, Path(server, "passwd"));
+    connect(output, &QPushButton::clicked, this, [this] {
+        RunUserAction([this] { RunParameterDialog<CNtrip_Server_OutputDlg>(*this, {}, m_server); });
+    });
     connect(advanced, &QPushButton::clicked, this, [this] {
-        RunUserAction([this] { RunParameterDialog<CNtrip_Server_AdvancedDlg>(*this); });
+        RunUserAction(
+            [this] { RunParameterDialog<CNtrip_Server_AdvancedDlg>(*this, {}, m_server); });
     });
 }
 
 CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver,
-                                                     CParameterPage* parent)
+                                                     QWidget* parent, int server)
     : CParameterDialog(std::move(receiver), XString(pell::ids::NtripAdvanced), parent) {
-    const auto* page = qobject_cast<const CNtrip_ServerPP*>(parent);
-    const int server = page ? page->Server() : 1;
     auto* protocol = new QComboBox;
     auto* proxy = new QLineEdit;
     auto* proxyPort = CParameterPage::PortBox(0);
@@ -300,8 +305,24 @@ CNtrip_Server_AdvancedDlg::CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IRece
     Body().BindUnsigned(proxyPort, CNtrip_ServerPP::Path(server, "proxy/port"));
 }
 
-CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, int listeners,
-                                   QWidget* parent)
+CNtrip_Server_OutputDlg::CNtrip_Server_OutputDlg(std::shared_ptr<rxio::IReceiver> receiver,
+                                                 QWidget* parent, int server)
+    : CParameterDialog(std::move(receiver), XString(pell::ids::NtripServerOutputDialog), parent) {
+    auto* mode = new QComboBox;
+    auto* period = CParameterPage::RealBox(0.0, 86400.0, 2);
+    auto* mask = CParameterPage::SpinBox(-90, 90);
+    auto* form = CParameterPage::Form(&Body());
+    form->addRow(XString(pell::ids::PortsOutputMode), mode);
+    form->addRow(XString(pell::ids::PortsPeriod), period);
+    form->addRow(XString(pell::ids::PortsElevMask), mask);
+
+    Body().BindChoice(mode, CNtrip_ServerPP::Path(server, "out/mode"), TableOf(OMode::EOMode{}));
+    Body().BindReal(period, CNtrip_ServerPP::Path(server, "out/period"));
+    Body().BindSigned(mask, CNtrip_ServerPP::Path(server, "out/elm"));
+}
+
+CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver,
+                                   std::vector<int> mountpointSlots, QWidget* parent)
     : CParameterPage(std::move(receiver), XString(pell::ids::NtripCasterPage), parent) {
     auto* enable = new QCheckBox(XString(pell::ids::NtripCasterEnable));
     auto* name = new QLineEdit;
@@ -335,9 +356,23 @@ CNtrip_CastersPP::CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, in
     BindText(country, QStringLiteral("/app/ntrip/caster/country"));
     BindChoice(authentication, QStringLiteral("/app/ntrip/caster/auth"),
                TableOf(NtripCasterAuth::ENtripCasterAuth{}));
-    for (int listener = 0; listener < listeners; ++listener) {
+    for (int listener = 0; listener < int(mountpointSlots.size()); ++listener) {
         auto* port = PortBox();
-        ports->addRow(XString(pell::ids::NtripListenerPort).arg(listener + 1), port);
+        auto* row = new QHBoxLayout;
+        row->addWidget(port);
+        if (const int slotCount = mountpointSlots[std::size_t(listener)]; slotCount > 0) {
+            auto* mountpoints = new QPushButton(XString(pell::ids::NtripMountpoints));
+            mountpoints->setObjectName(QStringLiteral("mountpointsButton%1").arg(listener));
+            row->addWidget(mountpoints);
+            connect(mountpoints, &QPushButton::clicked, this, [this, listener, slotCount] {
+                RunUserAction([this, listener, slotCount] {
+                    RunParameterDialog<CNtrip_Caster_MountpointsDlg>(*this, {}, listener,
+                                                                     slotCount);
+                });
+            });
+        }
+        row->addStretch();
+        ports->addRow(XString(pell::ids::NtripListenerPort).arg(listener + 1), row);
         BindUnsigned(port, QStringLiteral("/app/ntrip/caster/%1/port").arg(listener));
     }
 }
@@ -357,10 +392,16 @@ CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
         AddPage(new CNtrip_ServerLegacyPP(receiver));
     }
     if (Knows(QStringLiteral("/app/ntrip/caster"))) {
-        int listeners = 0;
-        while (Knows(QStringLiteral("/app/ntrip/caster/%1/port").arg(listeners)))
-            ++listeners;
-        AddPage(new CNtrip_CastersPP(receiver, listeners));
+        std::vector<int> mountpointSlots;
+        while (Knows(QStringLiteral("/app/ntrip/caster/%1/port").arg(mountpointSlots.size()))) {
+            const auto listener = mountpointSlots.size();
+            int slotCount = 0;
+            while (
+                Knows(QStringLiteral("/app/ntrip/caster/%1/%2/name").arg(listener).arg(slotCount)))
+                ++slotCount;
+            mountpointSlots.push_back(slotCount);
+        }
+        AddPage(new CNtrip_CastersPP(receiver, std::move(mountpointSlots)));
     }
 }
 

@@ -5,6 +5,8 @@
 #include "config/ParameterSheet.h"
 #include "lib/pell_export.h"
 
+#include <vector>
+
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -85,21 +87,31 @@ private:
     int m_server;
 };
 
-// A server's protocol and the proxy between it and its caster: the server of the page that
-// opens it.
+// A server's protocol and the proxy between it and its caster.
 class PELL_EXPORT CNtrip_Server_AdvancedDlg : public CParameterDialog {
     Q_OBJECT
 public:
-    CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver, CParameterPage* parent);
+    CNtrip_Server_AdvancedDlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent,
+                              int server);
+};
+
+// What a server sends to its caster: the receiver's output in one of its modes, its period and
+// elevation mask, as a port's output is set.
+class PELL_EXPORT CNtrip_Server_OutputDlg : public CParameterDialog {
+    Q_OBJECT
+public:
+    CNtrip_Server_OutputDlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent, int server);
 };
 
 // The caster built into the receiver: whether it runs, its name, country and how it
-// authenticates users, and the port each of its listeners takes connections on.
+// authenticates users, and the port each of its listeners takes connections on, with the
+// listener's mount points and the caster's users in their dialogs.
 class PELL_EXPORT CNtrip_CastersPP : public CParameterPage {
     Q_OBJECT
 public:
-    // `listeners`: how many the receiver has ("/app/ntrip/caster/<n>", from 0).
-    CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, int listeners,
+    // `mountpointSlots`: for each listener the receiver has ("/app/ntrip/caster/<n>", from 0),
+    // how many mount points it can serve.
+    CNtrip_CastersPP(std::shared_ptr<rxio::IReceiver> receiver, std::vector<int> mountpointSlots,
                      QWidget* parent = nullptr);
 };
 

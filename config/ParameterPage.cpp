@@ -23,6 +23,9 @@
 
 namespace {
 
+// The property that marks a held control.
+constexpr char kHeld[] = "pellHeld";
+
 bool IsUnknownPath(const QString& reply) {
     return reply.startsWith(QLatin1String("{1,,"));
 }
@@ -469,7 +472,15 @@ void CParameterPage::MarkControl(QWidget* control, const QString& reply) {
     control->setFocus();
 }
 
+void CParameterPage::Hold(QWidget* control, CParameterPage& page) {
+    control->setParent(&page);
+    control->hide();
+    control->setProperty(kHeld, true);
+}
+
 void CParameterPage::ShowRow(const Binding& binding, bool visible) {
+    if (binding.control->property(kHeld).toBool())
+        return;
     // A form row goes with its spacing; a control elsewhere goes with the label it is buddy of.
     for (QFormLayout* form : findChildren<QFormLayout*>())
         if (form->indexOf(binding.control) >= 0) {

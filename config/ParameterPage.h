@@ -81,6 +81,9 @@ public:
     // page fills it in OnValuesRead) and carries the mark of a refusal.
     void BindList(QWidget* view, CKeyedList& list);
 
+    // A bound control that never shows: the page shows its value some other way (a summary
+    // line, a list) and sets it from there. Made a hidden child of `page`.
+    static void Hold(QWidget* control, CParameterPage& page);
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
     // The commands Apply would send now, in the table's order, and the parameters they set.

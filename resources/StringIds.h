@@ -400,6 +400,22 @@ constexpr unsigned PortsConnectionGroup = 61683;
 constexpr unsigned PortsTcpPortColumn = 61684;
 
 // Network sheet.
+constexpr unsigned NtripMountpoints = 61877;
+constexpr unsigned NtripMountpointsDialog = 61878;
+constexpr unsigned NtripMountpointDialog = 61879;
+constexpr unsigned NtripColumnMountpointName = 61880;
+constexpr unsigned NtripColumnMessageSet = 61881;
+constexpr unsigned NtripMountpointName = 61882;
+constexpr unsigned NtripMessageSet = 61883;
+constexpr unsigned NtripMessagesServed = 61884;
+constexpr unsigned NtripMountpointNameEmpty = 61885;
+constexpr unsigned NtripMountpointNameTaken = 61886;
+constexpr unsigned NtripMessageSetUpdated = 61887;
+constexpr unsigned NtripMountpointsFull = 61888;
+constexpr unsigned NtripNoMessages = 61889;
+constexpr unsigned NtripMessagesHint = 61890;
+constexpr unsigned NtripServerOutput = 61891;
+constexpr unsigned NtripServerOutputDialog = 61892;
 constexpr unsigned NetworkSheet = 61900;
 constexpr unsigned NetworkEthernetPage = 61901;
 constexpr unsigned NetworkWlanPage = 61902;

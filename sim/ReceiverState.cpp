@@ -215,7 +215,11 @@ CReceiverState::CReceiverState(const CModel& model, const Profile& profile)
         if (port.refuses)
             m_refusing.insert(port.path);
     for (const auto& [path, value] : profile.values)
-        if (auto it = m_params.find(path); it != m_params.end())
+        if (auto it = m_params.find(path);
+            it != m_params.end() && it->second.def->kind == ParamSpec::PortMessages)
+            m_messages[PortOf(path)] =
+                SplitTopLevel(value.mid(1, value.size() - 2), QLatin1Char(','));
+        else if (it != m_params.end())
             it->second.value = value;
         else if (auto set = m_messageSets.find(path); set != m_messageSets.end())
             set->second.messages = ParseMessageSet(value);

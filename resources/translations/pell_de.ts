@@ -1888,6 +1888,86 @@
         <translation>Benutzer…</translation>
     </message>
     <message>
+        <source>Mountpoints…</source>
+        <comment>61877</comment>
+        <translation>Mountpoints…</translation>
+    </message>
+    <message>
+        <source>Mountpoints of Port %1</source>
+        <comment>61878</comment>
+        <translation>Mountpoints von Port %1</translation>
+    </message>
+    <message>
+        <source>Mountpoint</source>
+        <comment>61879</comment>
+        <translation>Mountpoint</translation>
+    </message>
+    <message>
+        <source>Mountpoint Name</source>
+        <comment>61880</comment>
+        <translation>Mountpoint-Name</translation>
+    </message>
+    <message>
+        <source>Message Set</source>
+        <comment>61881</comment>
+        <translation>Meldungssatz</translation>
+    </message>
+    <message>
+        <source>Mountpoint Name:</source>
+        <comment>61882</comment>
+        <translation>Mountpoint-Name:</translation>
+    </message>
+    <message>
+        <source>Message Set:</source>
+        <comment>61883</comment>
+        <translation>Meldungssatz:</translation>
+    </message>
+    <message>
+        <source>Messages:</source>
+        <comment>61884</comment>
+        <translation>Meldungen:</translation>
+    </message>
+    <message>
+        <source>The mountpoint name cannot be empty.</source>
+        <comment>61885</comment>
+        <translation>Der Mountpoint-Name darf nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>A mounpoint with this name already exists.</source>
+        <comment>61886</comment>
+        <translation>Ein Mountpoint mit diesem Namen existiert bereits.</translation>
+    </message>
+    <message>
+        <source>The Ntrip Message Set Description has been updated to reflect the actually enabled message set.</source>
+        <comment>61887</comment>
+        <translation>Die Beschreibung des NTRIP-Meldungssatzes wurde an die tatsächlich aktivierten Meldungen angepasst.</translation>
+    </message>
+    <message>
+        <source>All %1 mountpoints of this port are in use.</source>
+        <comment>61888</comment>
+        <translation>Alle %1 Mountpoints dieses Ports sind belegt.</translation>
+    </message>
+    <message>
+        <source>No messages are enabled for this mountpoint yet.</source>
+        <comment>61889</comment>
+        <translation>Für diesen Mountpoint sind noch keine Meldungen aktiviert.</translation>
+    </message>
+    <message>
+        <source>The receiver's output settings choose the messages a mountpoint serves.</source>
+        <comment>61890</comment>
+        <translation>Welche Meldungen ein Mountpoint liefert, legen die Ausgabeeinstellungen des Empfängers fest.</translation>
+    </message>
+    <message>
+        <source>Output…</source>
+        <comment>61891</comment>
+        <translation>Ausgabe…</translation>
+    </message>
+    <message>
+        <source>Output to the Caster</source>
+        <comment>61892</comment>
+        <translation>Ausgabe an den Caster</translation>
+    </message>
+    <message>
         <source>Ethernet</source>
         <comment>61901</comment>
         <translation>Ethernet</translation>
