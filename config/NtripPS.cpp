@@ -248,6 +248,7 @@ CNtrip_ServerPP::CNtrip_ServerPP(std::shared_ptr<rxio::IReceiver> receiver, int 
     auto* output = new QPushButton(XString(pell::ids::NtripServerOutput));
     auto* advanced = new QPushButton(XString(pell::ids::NtripAdvanced));
     output->setObjectName(QStringLiteral("outputButton"));
+    advanced->setObjectName(QStringLiteral("advancedButton"));
     MaskPassword(password);
 
     auto* page = new QVBoxLayout(this);

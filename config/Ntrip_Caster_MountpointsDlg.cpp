@@ -43,17 +43,20 @@ CNtrip_Caster_MountpointDlg::CNtrip_Caster_MountpointDlg(const QString& name,
                                                          QStringList messages, QStringList others,
                                                          QWidget* parent)
     : CPellDialog(nullptr, parent), m_stored(description), m_description(Describe(messages)),
-      m_others(std::move(others)), m_name(new QLineEdit(name)), m_descriptionLabel(new QLabel) {
+      m_others(std::move(others)), m_name(new QLineEdit(name)), m_descriptionField(new QLineEdit) {
     setWindowTitle(XString(pell::ids::NtripMountpointDialog));
     m_name->setObjectName(QStringLiteral("nameEdit"));
     // A mount point name is a path segment of every client's request.
     m_name->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral(R"([A-Za-z0-9_.\-]{0,32})")), m_name));
-    m_descriptionLabel->setWordWrap(true);
+    m_descriptionField->setReadOnly(true);
+    m_descriptionField->setMinimumWidth(m_name->fontMetrics().horizontalAdvance(QLatin1Char('x')) *
+                                        40);
     auto* list = new QListWidget;
     list->addItems(messages);
     list->setSelectionMode(QAbstractItemView::NoSelection);
     list->setFocusPolicy(Qt::NoFocus);
+    list->setMaximumHeight(list->fontMetrics().height() * 8);
     auto* hint = new QLabel(
         XString(messages.isEmpty() ? pell::ids::NtripNoMessages : pell::ids::NtripMessagesHint));
     hint->setWordWrap(true);
@@ -61,7 +64,7 @@ CNtrip_Caster_MountpointDlg::CNtrip_Caster_MountpointDlg(const QString& name,
     QFormLayout* form = CParameterPage::Form(nullptr);
     form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     form->addRow(XString(pell::ids::NtripMountpointName), m_name);
-    form->addRow(XString(pell::ids::NtripMessageSet), m_descriptionLabel);
+    form->addRow(XString(pell::ids::NtripMessageSet), m_descriptionField);
     form->addRow(XString(pell::ids::NtripMessagesServed), list);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("okButton"));
@@ -70,6 +73,7 @@ CNtrip_Caster_MountpointDlg::CNtrip_Caster_MountpointDlg(const QString& name,
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(hint);
+    layout->addStretch(1);
     layout->addWidget(buttons);
 }
 
@@ -104,7 +108,7 @@ QString CNtrip_Caster_MountpointDlg::Describe(QStringList messages) {
 
 void CNtrip_Caster_MountpointDlg::OnInitDialog() {
     CPellDialog::OnInitDialog();
-    m_descriptionLabel->setText(m_description);
+    m_descriptionField->setText(m_description);
     if (m_description != m_stored)
         g_PellLibApp.MessageBox(this, XString(pell::ids::NtripMessageSetUpdated),
                                 pell::MB_OK | pell::MB_ICONINFORMATION);

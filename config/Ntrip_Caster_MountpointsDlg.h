@@ -39,7 +39,7 @@ private:
     QString m_description;
     QStringList m_others;
     QLineEdit* m_name;
-    QLabel* m_descriptionLabel;
+    QLineEdit* m_descriptionField;
 };
 
 // The mount points of one listener of the receiver's caster ("/app/ntrip/caster/<n>/<m>", a

@@ -58,7 +58,8 @@ int RunParameterDialog(
     const int result = dialog.exec();
     if (result == pell::IDOK && dialog.Wrote()) {
         page.SetModified(true);
-        written(dialog);
+        if (written)
+            written(dialog);
     }
     return result;
 }

@@ -7,6 +7,7 @@
 #include "config/IPv4Dlg.h"
 #include "config/NetworkPS.h"
 #include "config/NtripPS.h"
+#include "config/Ntrip_Caster_MountpointsDlg.h"
 #include "config/Ntrip_Caster_UsersDlg.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "config/PPSEventFrqPS.h"
@@ -129,6 +130,18 @@ void SaveSheetPages(Shooter& shooter, MainWindow& window, const QString& prefix)
     sheet.close();
 }
 
+// A dialog at its own size and filling the field controller's screen; `args` follow the
+// receiver and the sheet in its constructor.
+template <class Dialog, class... Args>
+void SaveDialog(Shooter& shooter, CParameterSheet& sheet, const QString& name, Args&&... args) {
+    CPellWindow<Dialog> dialog(sheet.GetReceiver(), &sheet, std::forward<Args>(args)...);
+    dialog.show();
+    dialog.adjustSize();
+    shooter.Save(dialog, name);
+    shooter.Save(dialog, name + QStringLiteral("-480x640"), kHandheld);
+    dialog.close();
+}
+
 // The NTRIP sheet of a client set up for a large caster, and its mount point list once the
 // receiver has a fix.
 void SaveNtripSheet(Shooter& shooter, MainWindow& window) {
@@ -166,6 +179,36 @@ void SaveNtripSheet(Shooter& shooter, MainWindow& window) {
     userList.show();
     shooter.SaveBothSizes(userList, QStringLiteral("ntrip-caster-users"));
     userList.close();
+    const QString slot = QStringLiteral("/app/ntrip/caster/0/%1/");
+    const QString port = QStringLiteral("/app/ntrip/caster/0/%1");
+    mate.Run(
+        SetText(slot.arg(0) + QStringLiteral("name"), QStringLiteral("BASE_MSM4")) +
+        QLatin1Char(';') +
+        SetText(slot.arg(0) + QStringLiteral("msgset"),
+                QStringLiteral("RTCM 3: 1006,1033,1074,1084,1094,1124")) +
+        QLatin1Char(';') +
+        SetText(slot.arg(1) + QStringLiteral("name"), QStringLiteral("BASE_RTCM32")) +
+        QLatin1Char(';') +
+        SetText(slot.arg(1) + QStringLiteral("msgset"), QStringLiteral("RTCM 3: 1004,1006,1012")));
+    for (const char* message :
+         {"rtcm3/1006", "rtcm3/1033", "rtcm3/1074", "rtcm3/1084", "rtcm3/1094", "rtcm3/1124"})
+        mate.Run(pell::vexcmd::EnableMessages(port.arg(0), QLatin1String(message)));
+    CPellWindow<CNtrip_Caster_MountpointsDlg> mountpoints(window.Receiver(), &sheet, 0, 4);
+    mountpoints.show();
+    shooter.SaveBothSizes(mountpoints, QStringLiteral("ntrip-caster-mountpoints"));
+    mountpoints.close();
+    CPellWindow<CNtrip_Caster_MountpointDlg> mountpoint(
+        QStringLiteral("SOREN_MSM4"), QStringLiteral("RTCM 3: 1006,1033,1074,1084,1094,1124"),
+        QStringList{QStringLiteral("rtcm3/1006"), QStringLiteral("rtcm3/1033"),
+                    QStringLiteral("rtcm3/1074"), QStringLiteral("rtcm3/1084"),
+                    QStringLiteral("rtcm3/1094"), QStringLiteral("rtcm3/1124")},
+        QStringList{QStringLiteral("SOREN_LEGACY")}, &sheet);
+    mountpoint.show();
+    mountpoint.adjustSize();
+    shooter.Save(mountpoint, QStringLiteral("ntrip-caster-mountpoint"));
+    shooter.Save(mountpoint, QStringLiteral("ntrip-caster-mountpoint-480x640"), kHandheld);
+    mountpoint.close();
+    SaveDialog<CNtrip_Server_OutputDlg>(shooter, sheet, QStringLiteral("ntrip-server-output"), 1);
     sheet.close();
 }
 
@@ -177,18 +220,6 @@ bool SettleUntil(const std::function<bool()>& done, int ms) {
         Settle(100);
     }
     return true;
-}
-
-// A dialog at its own size and filling the field controller's screen; `args` follow the
-// receiver and the sheet in its constructor.
-template <class Dialog, class... Args>
-void SaveDialog(Shooter& shooter, CParameterSheet& sheet, const QString& name, Args&&... args) {
-    CPellWindow<Dialog> dialog(sheet.GetReceiver(), &sheet, std::forward<Args>(args)...);
-    dialog.show();
-    dialog.adjustSize();
-    shooter.Save(dialog, name);
-    shooter.Save(dialog, name + QStringLiteral("-480x640"), kHandheld);
-    dialog.close();
 }
 
 // Every page of the tracking sheet and its three dialogs, over a simulated receiver that has

@@ -78,6 +78,14 @@ struct Plan {
             Fill(path + QLatin1Char('/') + key, child);
     }
     void Compare(const QString& path, const SettingsNode& recorded, const SettingsNode& current) {
+        // A list without items prints as "{}", a value, until it has some.
+        static const SettingsNode kEmptyList{false, {}, {}};
+        const auto emptyList = [](const SettingsNode& node) {
+            return node.leaf && node.value == QLatin1String("{}");
+        };
+        if (recorded.leaf != current.leaf && (emptyList(recorded) || emptyList(current)))
+            return Compare(path, emptyList(recorded) ? kEmptyList : recorded,
+                           emptyList(current) ? kEmptyList : current);
         if (recorded.leaf || current.leaf) {
             if (recorded != current)
                 Fill(path, recorded);

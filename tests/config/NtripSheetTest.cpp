@@ -2,6 +2,7 @@
 #include "SimulatedReceiver.h"
 #include "TestSupport.h"
 #include "config/NtripPS.h"
+#include "config/Ntrip_Caster_MountpointsDlg.h"
 #include "config/Ntrip_Caster_UsersDlg.h"
 #include "config/Ntrip_Client_SelectMountpointDlg.h"
 #include "lib/Common.h"
@@ -10,6 +11,7 @@
 #include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
 
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
@@ -161,6 +163,100 @@ TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
     EXPECT_EQ(CNtrip_Caster_UsersDlg::ParseMoment(QStringLiteral("2026/11/23 17:05:00"), nullptr),
               QDateTime(QDate(2026, 11, 23), QTime(17, 5)));
     EXPECT_FALSE(CNtrip_Caster_UsersDlg::ParseMoment({}, &invalid));
+}
+
+// A listener's mount points: a stale description is brought in line with the messages served,
+// names are refused by the rules, a full listener says so, and OK writes the slots' names and
+// descriptions.
+TEST(NtripSheetTest, TheMountpointsAreEditedAndWrittenOnOk) {
+    SimulatedReceiver receiver(QStringLiteral("soren"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    CParameterPage& caster =
+        Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
+    const auto edit = [&](CNtrip_Caster_MountpointsDlg& list, const char* button,
+                          const char* name) {
+        WithDialog<CNtrip_Caster_MountpointDlg>(
+            receiver, [&] { Click(list, button); },
+            [&](CNtrip_Caster_MountpointDlg& dialog) {
+                if (name)
+                    dialog.findChild<QLineEdit*>(QStringLiteral("nameEdit"))
+                        ->setText(QString::fromLatin1(name));
+                Click(dialog, "okButton");
+                if (dialog.isVisible()) // refused: the name stays to be mended
+                    dialog.reject();
+            });
+    };
+    ScopedPresenter boxes(pell::IDYES);
+    WithDialog<CNtrip_Caster_MountpointsDlg>(
+        receiver, [&] { Click(caster, "mountpointsButton0"); },
+        [&](CNtrip_Caster_MountpointsDlg& list) {
+            ASSERT_EQ(list.List().topLevelItemCount(), 2);
+            list.List().setCurrentItem(list.List().topLevelItem(1));
+            edit(list, "editButton", nullptr);
+            for (const char* name : {"", "soren_msm4", "NEW_MP", "MP3"})
+                edit(list, "addButton", name);
+            Click(list, "addButton");
+            list.List().setCurrentItem(list.List().topLevelItem(0));
+            Click(list, "deleteButton");
+            EXPECT_EQ(
+                list.Body().PendingCommands(),
+                (QStringList{"set,/app/ntrip/caster/0/0/name,\"\"",
+                             "set,/app/ntrip/caster/0/0/msgset,\"\"",
+                             "set,/app/ntrip/caster/0/1/msgset,\"RTCM 3: 1004,1006,1012,1033\"",
+                             "set,/app/ntrip/caster/0/2/name,\"NEW_MP\"",
+                             "set,/app/ntrip/caster/0/3/name,\"MP3\""}));
+            Click(list, "okButton");
+        });
+    QStringList said;
+    for (const auto& box : boxes.Boxes())
+        said << box.text;
+    EXPECT_EQ(said, (QStringList{XString(pell::ids::NtripMessageSetUpdated),
+                                 XString(pell::ids::NtripMountpointNameEmpty),
+                                 XString(pell::ids::NtripMountpointNameTaken),
+                                 XString(pell::ids::NtripMountpointsFull).arg(4),
+                                 XString(pell::ids::NtripConfirmDeletion)}));
+    EXPECT_EQ(receiver.Value(QStringLiteral("app/ntrip/caster/0/3/name")),
+              QStringLiteral("\"MP3\""));
+    EXPECT_TRUE(caster.IsModified());
+
+    const struct {
+        QStringList messages;
+        const char* description;
+    } descriptions[] = {
+        {{}, ""},
+        {{"jps/RT", "rtcm3/1074", "rtcm3/1004", "rtcm/3", "nmea/GGA", "xyz/A"},
+         "RTCM 3: 1004,1074; RTCM 2: 3; JPS: RT; NMEA: GGA; XYZ: A"},
+    };
+    for (const auto& d : descriptions)
+        EXPECT_EQ(CNtrip_Caster_MountpointDlg::Describe(d.messages), QLatin1String(d.description));
+}
+
+// A server's dialogs edit that server's parameters: each control alone writes one command.
+TEST(NtripSheetTest, AServersDialogsWriteItsOwnParameters) {
+    SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
+    Sheet sheet(receiver.Receiver(), nullptr);
+    sheet.show();
+    CParameterPage& server =
+        Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripServerNumbered).arg(2))));
+    QStringList pending;
+    for (const char* button : {"outputButton", "advancedButton"})
+        WithDialog(
+            receiver, [&] { Click(server, button); },
+            [&](CParameterDialog& dialog) {
+                for (QWidget* control : dialog.Body().findChildren<QWidget*>())
+                    if (control->isVisible())
+                        Change(control);
+                pending << dialog.Body().PendingCommands();
+                Click(dialog, "okButton");
+            });
+    EXPECT_EQ(pending, (QStringList{"set,/app/ntrip/server/2/out/mode,cmr",
+                                    "set,/app/ntrip/server/2/out/period,2.000000",
+                                    "set,/app/ntrip/server/2/out/elm,11",
+                                    "set,/app/ntrip/server/2/protocol,auto",
+                                    "set,/app/ntrip/server/2/proxy/addr,\"X\"",
+                                    "set,/app/ntrip/server/2/proxy/port,1"}));
+    EXPECT_EQ(receiver.Value(QStringLiteral("app/ntrip/server/2/out/elm")), QStringLiteral("11"));
 }
 
 } // namespace

@@ -95,6 +95,13 @@ TEST(SettingsTree, RestoreCommandsPutBackOnlyWhatChanged) {
     EXPECT_TRUE(skipped.isEmpty());
     EXPECT_TRUE(
         pell::RestoreCommands(QStringLiteral("net"), recorded, recorded, &skipped).isEmpty());
+    // A list that had no items, or has none now, prints as a bare "{}".
+    const auto empty = SettingsNode::Parse(QStringLiteral("{usr={}}"), true);
+    EXPECT_EQ(pell::RestoreCommands(QStringLiteral("net"), empty, current, &skipped),
+              (QStringList{"remove,net/usr/00", "remove,net/usr/05"}));
+    EXPECT_EQ(pell::RestoreCommands(QStringLiteral("net"), recorded, empty, &skipped),
+              (QStringList{"create,net/usr,0", "create,net/usr,2", "set,net/usr/00/n,\"x\"",
+                           "set,net/usr/02/n,\"y\""}));
 }
 
 TEST(SettingsTree, ValuesThatWouldBeTwoCommandsAreNeverWrittenBack) {
