@@ -361,7 +361,7 @@ CNetworkPS::CNetworkPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* paren
     : CParameterSheet(receiver, XString(ids::NetworkSheet),
                       {QStringLiteral("net/*"), QStringLiteral("wlan/*"), QStringLiteral("ppp/*")},
                       parent) {
-    AskBeforeReset(XString(ids::NetworkResetQuestion));
+    AskBeforeReset(XString(ids::SoftResetQuestion));
     if (Knows(QStringLiteral("net/ip/addr")))
         AddPage(new CNetworkEthernetPP(receiver));
     if (Knows(QStringLiteral("wlan/mode")))

@@ -383,6 +383,7 @@ CNtripPS::CNtripPS(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
           receiver, XString(pell::ids::NtripSheet),
           {QStringLiteral("ntrip/*"), QStringLiteral("dev/*"), QStringLiteral("/app/ntrip/*")},
           parent) {
+    AskBeforeReset(XString(pell::ids::SoftResetQuestion));
     if (Knows(QStringLiteral("ntrip/caster")))
         AddPage(new CNtrip_ClientPP(receiver));
     // Current firmware runs its servers as applications; older firmware has the one server.

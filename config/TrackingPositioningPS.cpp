@@ -431,6 +431,7 @@ CTrackingPositioningPS::CTrackingPositioningPS(std::shared_ptr<rxio::IReceiver> 
                        Path("hd/mode"),       Path("ant/inp"),
                        Path("opts/cind"),     Path("ajm/*")},
                       parent) {
+    AskBeforeReset(XString(ids::SoftResetQuestion));
     if (Knows(Path("pos/mode")))
         AddPage(new CTrackingPositioning_GeneralPP(receiver));
     if (Knows(Path("pos/elm")))

@@ -54,6 +54,7 @@ TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
         R"(^set,(ntrip|dev/ntrip/a|/app/ntrip)/[a-z0-9/]+,([0-9]+|/?[a-z0-9/]+|"[^"]*")$)"));
     for (const auto& c : cases) {
         SCOPED_TRACE(c.profile);
+        const ScopedPresenter boxes(pell::IDYES);
         SimulatedReceiver receiver(QString::fromLatin1(c.profile));
         Sheet sheet(receiver.Receiver(), nullptr);
         sheet.show();
@@ -61,6 +62,12 @@ TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
         const QStringList written = ApplyEachControl(receiver, sheet, command);
         for (const char* expected : c.expected)
             EXPECT_TRUE(written.contains(QLatin1String(expected))) << expected;
+        // The caster's mode and listener ports take effect after a reset.
+        const bool asked =
+            std::any_of(boxes.Boxes().begin(), boxes.Boxes().end(), [](const auto& box) {
+                return box.text == XString(pell::ids::SoftResetQuestion);
+            });
+        EXPECT_EQ(asked, c.titles.contains(XString(pell::ids::NtripCasterPage)));
     }
 }
 

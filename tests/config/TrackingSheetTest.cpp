@@ -54,6 +54,7 @@ TEST(TrackingSheetTest, PagesAreThePartsTheReceiverHas) {
 // Every page reads its values; every control, changed alone, sends exactly the one command of
 // its kind and the value reads back.
 TEST(TrackingSheetTest, EachControlWritesOneCommandOfItsKind) {
+    const ScopedPresenter boxes(pell::IDYES);
     SimulatedReceiver receiver(QStringLiteral("pardo7"));
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
@@ -61,6 +62,10 @@ TEST(TrackingSheetTest, EachControlWritesOneCommandOfItsKind) {
         R"(^set,(pos|lock|raw|ref|hd|ant|opts|ajm)/[a-z0-9/]+,(-?\d+(\.\d{6})?|[a-z]+|"[^"]*")$)"));
     const QStringList written = ApplyEachControl(receiver, sheet, command);
     EXPECT_GE(written.size(), 30);
+    // Twin antenna tracking takes effect after a reset.
+    EXPECT_TRUE(std::any_of(boxes.Boxes().begin(), boxes.Boxes().end(), [](const auto& box) {
+        return box.text == XString(pell::ids::SoftResetQuestion);
+    }));
     for (const char* expected :
          {"set,ref/ant/id,\"PELLPD7_EXTX\"", "set,pos/hd/len,2.250000",
           "set,raw/corr/ca/code,normal", "set,raw/corr/ca/carrier,mpnew", "set,lock/hd,off"})
