@@ -13,6 +13,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -164,6 +165,12 @@ CNotifications_EventsPP::CNotifications_EventsPP(std::shared_ptr<rxio::IReceiver
       m_list(List({XString(ids::NotifColumnDescription), XString(ids::NotifColumnThreshold),
                    XString(ids::NotifColumnPeriodically)})) {
     auto* edit = Button(ids::NotifEdit, "editButton");
+    // The descriptions take the spare width, the values keep theirs: on a narrow screen a long
+    // description is shortened, whole in its tool tip, and the values stay in sight.
+    m_list->header()->setStretchLastSection(false);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
     auto* page = new QVBoxLayout(this);
     page->addWidget(m_list, 1);
     auto* buttons = new QHBoxLayout;
@@ -211,11 +218,11 @@ void CNotifications_EventsPP::Fill() {
              period > 0 ? XString(ids::NotifEveryPeriod).arg(QLocale().toString(period))
                         : XString(ids::NotifNo)});
         item->setData(0, Qt::UserRole, int(event));
+        item->setToolTip(0, item->text(0));
         item->setTextAlignment(1, Qt::AlignRight);
         if (int(event) == selected)
             m_list->setCurrentItem(item);
     }
-    FitColumns(m_list);
 }
 
 void CNotifications_EventsPP::EditEvent() {
@@ -243,6 +250,8 @@ CNotifications_EventDlg::CNotifications_EventDlg(std::shared_ptr<rxio::IReceiver
     const NotificationEvent& e = NotificationEvents().at(std::size_t(event));
     auto* description = new QLabel(XString(e.description));
     description->setWordWrap(true);
+    description->setMinimumWidth(description->fontMetrics().horizontalAdvance(QLatin1Char('x')) *
+                                 36);
     m_period->setObjectName(QStringLiteral("periodBox"));
     m_once->setObjectName(QStringLiteral("onceButton"));
     m_periodically->setObjectName(QStringLiteral("periodicallyButton"));
