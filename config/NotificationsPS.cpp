@@ -329,6 +329,7 @@ CNotifications_WatchersPP::CNotifications_WatchersPP(std::shared_ptr<rxio::IRece
     auto* add = Button(ids::NotifAdd, "addButton");
     auto* edit = Button(ids::NotifEdit, "editButton");
     auto* remove = Button(ids::NotifDelete, "deleteButton");
+    m_buttons = {add, edit, remove};
     auto* page = new QVBoxLayout(this);
     page->addWidget(m_list, 1);
     auto* buttons = new QHBoxLayout;
@@ -353,6 +354,8 @@ void CNotifications_WatchersPP::Fill() {
     const int selected =
         m_list->currentItem() ? m_list->indexOfTopLevelItem(m_list->currentItem()) : -1;
     m_list->clear();
+    for (QPushButton* button : m_buttons)
+        button->setEnabled(m_list->isEnabled());
     const EnumTable& levels = TableOf(NotificationLevel::ENotificationLevel{});
     for (const CKeyedList::Item& watcher : m_watchers.Items()) {
         const QString& level = watcher.values.at(QStringLiteral("level"));

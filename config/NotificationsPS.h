@@ -8,10 +8,12 @@
 #include "lib/pell_export.h"
 
 #include <array>
+#include <vector>
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QRadioButton;
 class QSpinBox;
 class QTreeWidget;
@@ -138,6 +140,9 @@ private:
 
     CKeyedList m_watchers;
     QTreeWidget* m_list;
+    // Greyed with the list when it could not be read: an edit of a list nobody has seen could
+    // overwrite the receiver's watchers.
+    std::vector<QPushButton*> m_buttons;
 };
 
 // One watcher: the address and the warning level. Edits the values in memory; the watchers page

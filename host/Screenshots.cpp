@@ -268,7 +268,7 @@ void SaveNotificationsSheet(Shooter& shooter, MainWindow& window) {
         SetText(email + QStringLiteral("password"), QStringLiteral("s3cret")),
         SetText(email + QStringLiteral("host"), QStringLiteral("smtp.example.com")),
         pell::vexcmd::SetSigned(email + QStringLiteral("port"), 587),
-        SetChoice(QStringLiteral("/app/notif/bat/a/level/period"), QStringLiteral("3600")),
+        pell::vexcmd::SetSigned(QStringLiteral("/app/notif/bat/a/level/period"), 3600),
         pell::vexcmd::Create(watchers, 0),
         SetText(watchers + QStringLiteral("/00/email"),
                 QStringLiteral("crew-chief@survey.example.com")),

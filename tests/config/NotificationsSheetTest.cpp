@@ -185,23 +185,38 @@ TEST(NotificationsSheetTest, WatchersAreCheckedAskedAboutAndWrittenWithTheSheet)
               QStringLiteral("\"carl@example.net\""));
 }
 
-// A list whose reply is not what a receiver sends fails its page with the reading named, and
-// nothing of it is trusted.
-TEST(NotificationsSheetTest, AWatcherListWithABadIndexIsReported) {
-    SimulatedReceiver simulated;
-    auto receiver = std::make_shared<RewritingReceiver>(simulated.Receiver());
-    receiver->replies = {
-        {pell::vexcmd::PrintFields(QStringLiteral("/app/notif/watchers"), {"email", "level"}),
-         {rxio::CommandResult::Completed, false,
-          QStringLiteral("{300={email=\"a@b.cc\",level=warning}}")}}};
-    const ScopedPresenter boxes;
-    Sheet sheet(receiver, nullptr);
-    sheet.show();
-    auto& watchers = static_cast<CNotifications_WatchersPP&>(Page(sheet, 2));
-    ASSERT_EQ(boxes.Boxes().size(), 1u);
-    EXPECT_TRUE(boxes.Boxes().front().text.contains(QStringLiteral("Notifications_GetWatchers")));
-    EXPECT_EQ(watchers.View().topLevelItemCount(), 0);
-    EXPECT_TRUE(watchers.PendingCommands().isEmpty());
+// A watcher list the receiver refuses to print is greyed with nothing to edit; one whose reply is
+// not what a receiver sends fails its page with the reading named. Nothing of either is trusted.
+TEST(NotificationsSheetTest, AWatcherListThatCannotBeReadIsNotEdited) {
+    const struct {
+        rxio::CommandResult reply;
+        QString said;
+    } cases[] = {
+        {{rxio::CommandResult::Completed, true, QStringLiteral("{2,,busy}")}, {}},
+        {{rxio::CommandResult::Completed, false,
+          QStringLiteral("{300={email=\"a@b.cc\",level=warning}}")},
+         QStringLiteral("Notifications_GetWatchers")},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.reply.reply.toStdString());
+        SimulatedReceiver simulated;
+        auto receiver = std::make_shared<RewritingReceiver>(simulated.Receiver());
+        receiver->replies = {
+            {pell::vexcmd::PrintFields(QStringLiteral("/app/notif/watchers"), {"email", "level"}),
+             c.reply}};
+        const ScopedPresenter boxes;
+        Sheet sheet(receiver, nullptr);
+        sheet.show();
+        auto& watchers = static_cast<CNotifications_WatchersPP&>(Page(sheet, 2));
+        ASSERT_EQ(boxes.Boxes().size(), c.said.isEmpty() ? 0u : 1u);
+        if (!c.said.isEmpty())
+            EXPECT_TRUE(boxes.Boxes().front().text.contains(c.said));
+        else
+            EXPECT_FALSE(
+                watchers.findChild<QPushButton*>(QStringLiteral("addButton"))->isEnabled());
+        EXPECT_EQ(watchers.View().topLevelItemCount(), 0);
+        EXPECT_TRUE(watchers.PendingCommands().isEmpty());
+    }
 }
 
 } // namespace
