@@ -561,7 +561,10 @@ constexpr StringEntry kEntries[] = {
     {62043, QT_TRANSLATE_NOOP3("PellLib", "Wrong EMail.", "62043")},
     {62044, QT_TRANSLATE_NOOP3("PellLib", "Confirm deletion.", "62044")},
     {62045, QT_TRANSLATE_NOOP3("PellLib", "New", "62045")},
-    {62046, QT_TRANSLATE_NOOP3("PellLib", "Messages of this level and of more severe levels are sent to this address.", "62046")},
+    {62046,
+     QT_TRANSLATE_NOOP3(
+         "PellLib", "Messages of this level and of more severe levels are sent to this address.",
+         "62046")},
 };
 
 } // namespace
