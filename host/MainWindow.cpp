@@ -4,6 +4,7 @@
 #include "AppIcon.h"
 #include "InProcess.h"
 #include "config/NetworkPS.h"
+#include "config/NotificationsPS.h"
 #include "config/NtripPS.h"
 #include "config/PPSEventFrqPS.h"
 #include "config/ReceiverPortsPS.h"
@@ -126,6 +127,8 @@ void MainWindow::BuildMenus() {
         receiver->addAction(tr("Receiver P&orts…"), this, &MainWindow::ShowReceiverPorts);
     m_ntrip = receiver->addAction(tr("&NTRIP…"), this, &MainWindow::ShowNtrip);
     m_network = receiver->addAction(tr("Net&work…"), this, &MainWindow::ShowNetwork);
+    m_notifications =
+        receiver->addAction(tr("Noti&fications…"), this, &MainWindow::ShowNotifications);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -299,8 +302,9 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
-    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
-                            m_trackingPositioning, m_receiverPorts, m_ntrip, m_network})
+    for (QAction* action :
+         {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
+          m_trackingPositioning, m_receiverPorts, m_ntrip, m_network, m_notifications})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -354,6 +358,11 @@ void MainWindow::ShowNtrip() {
 void MainWindow::ShowNetwork() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_NetworkPS(std::move(receiver), this);
+}
+
+void MainWindow::ShowNotifications() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_NotificationsPS(std::move(receiver), this);
 }
 
 void MainWindow::ShowReceiverPorts() {

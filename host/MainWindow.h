@@ -42,6 +42,7 @@ public slots:
     void ShowTrackingPositioning();
     void ShowNtrip();
     void ShowNetwork();
+    void ShowNotifications();
     void ShowReceiverPorts();
 
 private:
@@ -72,6 +73,7 @@ private:
     QAction* m_trackingPositioning = nullptr;
     QAction* m_ntrip = nullptr;
     QAction* m_network = nullptr;
+    QAction* m_notifications = nullptr;
     QAction* m_receiverPorts = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;

@@ -6,6 +6,7 @@
 #include "Simulator.h"
 #include "config/IPv4Dlg.h"
 #include "config/NetworkPS.h"
+#include "config/NotificationsPS.h"
 #include "config/NtripPS.h"
 #include "config/Ntrip_Caster_MountpointsDlg.h"
 #include "config/Ntrip_Caster_UsersDlg.h"
@@ -285,6 +286,48 @@ void SaveNetworkSheets(Shooter& shooter, const std::shared_ptr<const rxsim::CMod
     }
 }
 
+// The notifications sheet of a receiver set up to mail two watchers through a provider's server,
+// with its three dialogs.
+void SaveNotificationsSheet(Shooter& shooter, MainWindow& window) {
+    const CVexReceiverMate mate(window.Receiver());
+    using pell::vexcmd::SetChoice;
+    using pell::vexcmd::SetText;
+    const QString email = QStringLiteral("/app/notif/email/");
+    const QString watchers = QStringLiteral("/app/notif/watchers");
+    mate.Run(QStringList{
+        SetText(email + QStringLiteral("user"), QStringLiteral("rover-17@survey.example.com")),
+        SetText(email + QStringLiteral("password"), QStringLiteral("s3cret")),
+        SetText(email + QStringLiteral("host"), QStringLiteral("smtp.example.com")),
+        pell::vexcmd::SetSigned(email + QStringLiteral("port"), 587),
+        pell::vexcmd::SetSigned(QStringLiteral("/app/notif/bat/a/level/period"), 3600),
+        pell::vexcmd::Create(watchers, 0),
+        SetText(watchers + QStringLiteral("/00/email"),
+                QStringLiteral("crew-chief@survey.example.com")),
+        SetChoice(watchers + QStringLiteral("/00/level"), QStringLiteral("warning")),
+        pell::vexcmd::Create(watchers, 1),
+        SetText(watchers + QStringLiteral("/01/email"),
+                QStringLiteral("it-desk@survey.example.com")),
+        SetChoice(watchers + QStringLiteral("/01/level"), QStringLiteral("critical")),
+    }
+                 .join(QLatin1Char(';')));
+    CPellWindow<CNotificationsPS> sheet(window.Receiver(), &window);
+    SavePages(shooter, sheet, QStringLiteral("notifications-"));
+    SaveDialog<CNotifications_ServerCfgDlg>(shooter, sheet,
+                                            QStringLiteral("notifications-outgoing-server"));
+    SaveDialog<CNotifications_EventDlg>(shooter, sheet, QStringLiteral("notifications-event"), 1);
+    CPellWindow<CNotifications_WatcherDlg> watcher(
+        CKeyedList::Values{
+            {QStringLiteral("email"), QStringLiteral("crew-chief@survey.example.com")},
+            {QStringLiteral("level"), QStringLiteral("warning")}},
+        0, &sheet);
+    watcher.show();
+    watcher.adjustSize();
+    shooter.Save(watcher, QStringLiteral("notifications-watcher"));
+    shooter.Save(watcher, QStringLiteral("notifications-watcher-480x640"), kHandheld);
+    watcher.close();
+    sheet.close();
+}
+
 // Opens the branch of the settings tree named `name` with all below it.
 void ExpandBranch(CReceiverSettingsTree& tree, const QString& name) {
     const QList<QTreeWidgetItem*> found = tree.findItems(name, Qt::MatchExactly, 0);
@@ -424,6 +467,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     SaveTrackingSheet(shooter, model);
     SaveSheetPages<CReceiverPortsPS>(shooter, window, QStringLiteral("ports-"));
     SaveNtripSheet(shooter, window);
+    SaveNotificationsSheet(shooter, window);
     SaveNetworkSheets(shooter, model);
     if (served)
         served->abort();

@@ -2362,6 +2362,241 @@
         <comment>61980</comment>
         <translation>Server-Anmeldung</translation>
     </message>
+    <message>
+        <source>Notifications</source>
+        <comment>62000</comment>
+        <translation>Benachrichtigungen</translation>
+    </message>
+    <message>
+        <source>Email Account</source>
+        <comment>62001</comment>
+        <translation>E-Mail-Konto</translation>
+    </message>
+    <message>
+        <source>User Information</source>
+        <comment>62002</comment>
+        <translation>Benutzerinformationen</translation>
+    </message>
+    <message>
+        <source>User Name:</source>
+        <comment>62003</comment>
+        <translation>Benutzername:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <comment>62004</comment>
+        <translation>Passwort:</translation>
+    </message>
+    <message>
+        <source>Outgoing Mail Server Information</source>
+        <comment>62005</comment>
+        <translation>Postausgangsserver</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <comment>62006</comment>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Outgoing Server</source>
+        <comment>62007</comment>
+        <translation>Postausgangsserver</translation>
+    </message>
+    <message>
+        <source>Host Name:</source>
+        <comment>62008</comment>
+        <translation>Hostname:</translation>
+    </message>
+    <message>
+        <source>TCP Port:</source>
+        <comment>62009</comment>
+        <translation>TCP-Port:</translation>
+    </message>
+    <message>
+        <source>Authentication Method:</source>
+        <comment>62010</comment>
+        <translation>Authentifizierungsverfahren:</translation>
+    </message>
+    <message>
+        <source>TLS</source>
+        <comment>62011</comment>
+        <translation>TLS</translation>
+    </message>
+    <message>
+        <source>STARTTLS</source>
+        <comment>62012</comment>
+        <translation>STARTTLS</translation>
+    </message>
+    <message>
+        <source>%1 : %2</source>
+        <comment>62013</comment>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>Not set</source>
+        <comment>62014</comment>
+        <translation>Nicht festgelegt</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <comment>62015</comment>
+        <translation>Ereignisse</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <comment>62016</comment>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <comment>62017</comment>
+        <translation>Schwellenwert</translation>
+    </message>
+    <message>
+        <source>Notify Periodically</source>
+        <comment>62018</comment>
+        <translation>Regelmäßig benachrichtigen</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <comment>62019</comment>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <comment>62020</comment>
+        <translation>Beschreibung:</translation>
+    </message>
+    <message>
+        <source>Threshold:</source>
+        <comment>62021</comment>
+        <translation>Schwellenwert:</translation>
+    </message>
+    <message>
+        <source>Notify Once</source>
+        <comment>62022</comment>
+        <translation>Einmal benachrichtigen</translation>
+    </message>
+    <message>
+        <source>Notify Periodically</source>
+        <comment>62023</comment>
+        <translation>Regelmäßig benachrichtigen</translation>
+    </message>
+    <message>
+        <source>Period, s:</source>
+        <comment>62024</comment>
+        <translation>Intervall, s:</translation>
+    </message>
+    <message>
+        <source>Every %1 s</source>
+        <comment>62025</comment>
+        <translation>Alle %1 s</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <comment>62026</comment>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Minimum Number of Tracking Satellites</source>
+        <comment>62027</comment>
+        <translation>Mindestanzahl verfolgter Satelliten</translation>
+    </message>
+    <message>
+        <source>Minimum Charge Level of Battery A, %</source>
+        <comment>62028</comment>
+        <translation>Mindestladestand von Akku A, %</translation>
+    </message>
+    <message>
+        <source>Minimum Charge Level of Battery B, %</source>
+        <comment>62029</comment>
+        <translation>Mindestladestand von Akku B, %</translation>
+    </message>
+    <message>
+        <source>Minimum Available Disk Space, MB</source>
+        <comment>62030</comment>
+        <translation>Mindestens freier Speicherplatz, MB</translation>
+    </message>
+    <message>
+        <source>Maximum Base Station Offset, m</source>
+        <comment>62031</comment>
+        <translation>Maximale Abweichung der Basisstation, m</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <comment>62032</comment>
+        <translation>Bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Watchers</source>
+        <comment>62033</comment>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Watcher</source>
+        <comment>62034</comment>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Id:</source>
+        <comment>62035</comment>
+        <translation>ID:</translation>
+    </message>
+    <message>
+        <source>Email:</source>
+        <comment>62036</comment>
+        <translation>E-Mail:</translation>
+    </message>
+    <message>
+        <source>Warning Level:</source>
+        <comment>62037</comment>
+        <translation>Warnstufe:</translation>
+    </message>
+    <message>
+        <source>Id</source>
+        <comment>62038</comment>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <comment>62039</comment>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Warning Level</source>
+        <comment>62040</comment>
+        <translation>Warnstufe</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <comment>62041</comment>
+        <translation>Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <comment>62042</comment>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Wrong EMail.</source>
+        <comment>62043</comment>
+        <translation>Ungültige E-Mail-Adresse.</translation>
+    </message>
+    <message>
+        <source>Confirm deletion.</source>
+        <comment>62044</comment>
+        <translation>Löschen bestätigen.</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <comment>62045</comment>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Messages of this level and of more severe levels are sent to this address.</source>
+        <comment>62046</comment>
+        <translation>Meldungen dieser Stufe und schwerwiegenderer Stufen werden an diese Adresse gesendet.</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

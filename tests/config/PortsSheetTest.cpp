@@ -49,48 +49,6 @@ bool Shows(QWidget& page, const QString& text) {
     return false;
 }
 
-// The simulated receiver with the replies to some commands replaced: a receiver that names odd
-// things or fails a read.
-class RewritingReceiver final : public rxio::IReceiver {
-public:
-    explicit RewritingReceiver(std::shared_ptr<rxio::IReceiver> inner)
-        : m_inner(std::move(inner)) {}
-
-    std::map<QString, rxio::CommandResult> replies; // by command
-
-    CommandId StartCommand(const QString& command, int timeoutMs, Completion done) override {
-        const auto replaced = replies.find(command);
-        if (replaced == replies.end())
-            return m_inner->StartCommand(command, timeoutMs, std::move(done));
-        // A harmless read keeps the answer as late as a real one.
-        return m_inner->StartCommand(QStringLiteral("print,rcv/model"), timeoutMs,
-                                     [done = std::move(done), result = replaced->second](
-                                         const rxio::CommandResult&) { done(result); });
-    }
-    void Abandon(CommandId id) override { m_inner->Abandon(id); }
-    bool Post(const QString& command) override { return m_inner->Post(command); }
-    bool IsConnected() const override { return m_inner->IsConnected(); }
-    void RegisterNotice(const std::shared_ptr<rxio::INotice>& notice,
-                        rxio::ENotification kind) override {
-        m_inner->RegisterNotice(notice, kind);
-    }
-    void RegisterSatListListener(const std::shared_ptr<rxio::ISatListListener>& listener) override {
-        m_inner->RegisterSatListListener(listener);
-    }
-    void
-    RegisterPositionListener(const std::shared_ptr<rxio::IPositionListener>& listener) override {
-        m_inner->RegisterPositionListener(listener);
-    }
-    rxio::CAlmanacStorage& Almanacs() override { return m_inner->Almanacs(); }
-    rxio::IPort& Port() override { return m_inner->Port(); }
-    void SuspendPort() override { m_inner->SuspendPort(); }
-    void ResumePort() override { m_inner->ResumePort(); }
-    rxio::ReceiverIdentity Identity() const override { return m_inner->Identity(); }
-
-private:
-    std::shared_ptr<rxio::IReceiver> m_inner;
-};
-
 TEST(PortsSheetTest, PagesFollowThePortsTheReceiverHas) {
     const QStringList serial{"Serial A", "Serial B", "Serial C", "Serial D",
                              "General",  "USB",      "TCP",      "TCP Server"};
