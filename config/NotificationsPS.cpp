@@ -112,10 +112,7 @@ void CNotifications_EMailAccountPP::EditServer() {
 }
 
 QString CNotifications_EMailAccountPP::ServerLine() const {
-    if (m_host->text().trimmed().isEmpty())
-        return XString(ids::NotifNotSet);
-    // Ports are written without group separators, as everywhere.
-    return XString(ids::NotifServerLine).arg(m_host->text(), m_port->text());
+    return AddressLine(m_host->text(), m_port->text());
 }
 
 void CNotifications_EMailAccountPP::OnValuesRead() {
@@ -407,7 +404,7 @@ void CNotifications_WatchersPP::EditWatcher() {
 
 void CNotifications_WatchersPP::DeleteWatcher() {
     QTreeWidgetItem* current = m_list->currentItem();
-    if (!current || g_PellLibApp.MessageBox(this, XString(ids::NotifConfirmDeletion),
+    if (!current || g_PellLibApp.MessageBox(this, XString(ids::ConfirmDeletion),
                                             pell::MB_YESNO | pell::MB_ICONQUESTION) != pell::IDYES)
         return;
     m_watchers.Remove(std::size_t(m_list->indexOfTopLevelItem(current)));

@@ -23,13 +23,6 @@ namespace {
 
 using namespace rxio::vex;
 
-// "host : port", or that there is none.
-QString AddressLine(const QString& host, const QString& port) {
-    if (host.trimmed().isEmpty())
-        return XString(pell::ids::NtripNotSet);
-    return XString(pell::ids::NtripAddressLine).arg(host, port);
-}
-
 } // namespace
 
 CNtrip_ClientPP::CNtrip_ClientPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)

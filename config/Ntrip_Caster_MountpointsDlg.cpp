@@ -234,7 +234,7 @@ void CNtrip_Caster_MountpointsDlg::EditMountpoint() {
 
 void CNtrip_Caster_MountpointsDlg::DeleteMountpoint() {
     const auto slot = CurrentSlot();
-    if (!slot || g_PellLibApp.MessageBox(this, XString(pell::ids::NtripConfirmDeletion),
+    if (!slot || g_PellLibApp.MessageBox(this, XString(pell::ids::ConfirmDeletion),
                                          pell::MB_YESNO | pell::MB_ICONQUESTION) != pell::IDYES)
         return;
     m_slots[*slot].name->clear();

@@ -243,7 +243,7 @@ void CNtrip_Caster_UsersDlg::EditUser() {
 
 void CNtrip_Caster_UsersDlg::DeleteUser() {
     QTreeWidgetItem* current = m_list->currentItem();
-    if (!current || g_PellLibApp.MessageBox(this, XString(pell::ids::NtripConfirmDeletion),
+    if (!current || g_PellLibApp.MessageBox(this, XString(pell::ids::ConfirmDeletion),
                                             pell::MB_YESNO | pell::MB_ICONQUESTION) != pell::IDYES)
         return;
     m_users.Remove(std::size_t(m_list->indexOfTopLevelItem(current)));

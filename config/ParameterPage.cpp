@@ -7,6 +7,7 @@
 #include "lib/Translator.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
+#include "resources/StringIds.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -215,9 +216,12 @@ void CParameterPage::Refresh() {
             bound.view->setToolTip({});
         } catch (const ulm_std::CCommException& error) {
             // A list the page cannot read is shown empty and greyed, and never written.
-            bound.list->Forget();
-            bound.view->setEnabled(false);
-            bound.view->setToolTip(error.GetReply());
+            ForgetList(bound, error.GetReply());
+        } catch (const ulm_std::CWinException& error) {
+            // A reply that is no list; a lost receiver still ends the reading.
+            if (error.GetErrorCode() != pell::ERROR_INVALID_PARAMETER)
+                throw;
+            ForgetList(bound, error.GetErrorMessage());
         }
         if (SheetClosing())
             return;
@@ -225,6 +229,12 @@ void CParameterPage::Refresh() {
     SetModified(false);
     OnValuesRead();
     emit valuesRead();
+}
+
+void CParameterPage::ForgetList(const ListBinding& bound, const QString& why) {
+    bound.list->Forget();
+    bound.view->setEnabled(false);
+    bound.view->setToolTip(why);
 }
 
 void CParameterPage::OnValuesRead() {}
@@ -470,6 +480,12 @@ void CParameterPage::MarkControl(QWidget* control, const QString& reply) {
                                .arg(QLatin1String(control->metaObject()->className())));
     control->setToolTip(reply);
     control->setFocus();
+}
+
+QString CParameterPage::AddressLine(const QString& host, const QString& port) {
+    if (host.trimmed().isEmpty())
+        return XString(pell::ids::NotSet);
+    return XString(pell::ids::ServerLine).arg(host, port);
 }
 
 void CParameterPage::Hold(QWidget* control, CParameterPage& page) {

@@ -75,6 +75,9 @@ public:
     // sizes the other columns to their contents once the rows are in.
     static QTreeWidget* List(const QStringList& columns);
     static void FitColumns(QTreeWidget* list);
+    // The line a page shows for a server it connects to: "host : port", or "Not set" without a
+    // host.
+    static QString AddressLine(const QString& host, const QString& port);
 
     // A receiver list (caster users, watchers) edited in memory: read with the page's values and
     // written after them, all composed before the first command goes out. `view` shows it (the
@@ -150,6 +153,7 @@ private:
         QWidget* view;
         CKeyedList* list;
     };
+    void ForgetList(const ListBinding& bound, const QString& why);
     std::vector<ListBinding> m_lists;
     bool m_filling = false;
 };

@@ -544,8 +544,6 @@ constexpr StringEntry kEntries[] = {
     {62010, QT_TRANSLATE_NOOP3("PellLib", "Authentication Method:", "62010")},
     {62011, QT_TRANSLATE_NOOP3("PellLib", "TLS", "62011")},
     {62012, QT_TRANSLATE_NOOP3("PellLib", "STARTTLS", "62012")},
-    {62013, QT_TRANSLATE_NOOP3("PellLib", "%1 : %2", "62013")},
-    {62014, QT_TRANSLATE_NOOP3("PellLib", "Not set", "62014")},
     {62015, QT_TRANSLATE_NOOP3("PellLib", "Events", "62015")},
     {62016, QT_TRANSLATE_NOOP3("PellLib", "Description", "62016")},
     {62017, QT_TRANSLATE_NOOP3("PellLib", "Threshold", "62017")},
@@ -575,7 +573,6 @@ constexpr StringEntry kEntries[] = {
     {62041, QT_TRANSLATE_NOOP3("PellLib", "Add…", "62041")},
     {62042, QT_TRANSLATE_NOOP3("PellLib", "Delete", "62042")},
     {62043, QT_TRANSLATE_NOOP3("PellLib", "Wrong EMail.", "62043")},
-    {62044, QT_TRANSLATE_NOOP3("PellLib", "Confirm deletion.", "62044")},
     {62045, QT_TRANSLATE_NOOP3("PellLib", "New", "62045")},
     {62046,
      QT_TRANSLATE_NOOP3(

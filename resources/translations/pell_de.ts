@@ -2428,16 +2428,6 @@
         <translation>STARTTLS</translation>
     </message>
     <message>
-        <source>%1 : %2</source>
-        <comment>62013</comment>
-        <translation>%1 : %2</translation>
-    </message>
-    <message>
-        <source>Not set</source>
-        <comment>62014</comment>
-        <translation>Nicht festgelegt</translation>
-    </message>
-    <message>
         <source>Events</source>
         <comment>62015</comment>
         <translation>Ereignisse</translation>
@@ -2581,11 +2571,6 @@
         <source>Wrong EMail.</source>
         <comment>62043</comment>
         <translation>Ungültige E-Mail-Adresse.</translation>
-    </message>
-    <message>
-        <source>Confirm deletion.</source>
-        <comment>62044</comment>
-        <translation>Löschen bestätigen.</translation>
     </message>
     <message>
         <source>New</source>

@@ -158,7 +158,7 @@ TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
         said << box.text;
     EXPECT_EQ(said, (QStringList{XString(pell::ids::NtripUserNameEmpty),
                                  XString(pell::ids::NtripUserNameTaken),
-                                 XString(pell::ids::NtripConfirmDeletion)}));
+                                 XString(pell::ids::ConfirmDeletion)}));
     EXPECT_EQ(receiver.Value(QStringLiteral("app/ntrip/caster/usr/00/name")),
               QStringLiteral("\"ann\""));
     EXPECT_TRUE(caster.IsModified());
@@ -222,7 +222,7 @@ TEST(NtripSheetTest, TheMountpointsAreEditedAndWrittenOnOk) {
                                  XString(pell::ids::NtripMountpointNameEmpty),
                                  XString(pell::ids::NtripMountpointNameTaken),
                                  XString(pell::ids::NtripMountpointsFull).arg(4),
-                                 XString(pell::ids::NtripConfirmDeletion)}));
+                                 XString(pell::ids::ConfirmDeletion)}));
     EXPECT_EQ(receiver.Value(QStringLiteral("app/ntrip/caster/0/3/name")),
               QStringLiteral("\"MP3\""));
     EXPECT_TRUE(caster.IsModified());
