@@ -362,6 +362,12 @@ QStringList CParameterPage::ChangedPaths() {
     return paths;
 }
 
+bool CParameterPage::IsChanged(const QWidget* control) {
+    const std::vector<Binding*> changed = Changed();
+    return std::any_of(changed.begin(), changed.end(),
+                       [control](const Binding* binding) { return binding->control == control; });
+}
+
 bool CParameterPage::SheetClosing() const {
     const auto* closing = qobject_cast<const CDialogBase*>(window());
     return closing && closing->ClosingResult() != 0;

@@ -92,6 +92,8 @@ public:
     // The commands Apply would send now, in the table's order, and the parameters they set.
     QStringList PendingCommands();
     QStringList ChangedPaths();
+    // Whether the parameter bound to `control` differs from what the receiver holds.
+    bool IsChanged(const QWidget* control);
 
 signals:
     // After every reading, and after an Apply that wrote a list: for windows that show what the

@@ -86,16 +86,6 @@ bool IsSetName(const QString& name) {
     return set.match(name).hasMatch();
 }
 
-QVariant ValueOf(const QWidget* control) {
-    if (const auto* box = qobject_cast<const QComboBox*>(control))
-        return box->currentData();
-    if (const auto* check = qobject_cast<const QCheckBox*>(control))
-        return check->isChecked();
-    if (const auto* real = qobject_cast<const QDoubleSpinBox*>(control))
-        return real->value();
-    return {};
-}
-
 // Check boxes in a uniform grid filled left to right, wrapping at the list's width: every set is
 // in view on a wide screen and a narrow one scrolls down only.
 QListWidget* MessageList() {
@@ -223,23 +213,11 @@ CReceiverPortPage::CReceiverPortPage(std::shared_ptr<rxio::IReceiver> receiver,
 }
 
 void CReceiverPortPage::Watch(QWidget* control, bool link) {
-    m_watched.push_back({control, link, {}});
+    m_watched.push_back({control, link});
 }
 
-bool CReceiverPortPage::Edited(const QWidget* control) const {
-    return std::any_of(m_watched.begin(), m_watched.end(), [control](const Watched& watched) {
-        return watched.control == control && watched.control->isEnabled() &&
-               ValueOf(control) != watched.value;
-    });
-}
-
-void CReceiverPortPage::Record() {
-    for (Watched& watched : m_watched)
-        watched.value = ValueOf(watched.control);
-}
-
-void CReceiverPortPage::OnValuesRead() {
-    Record();
+bool CReceiverPortPage::Edited(const QWidget* control) {
+    return control->isEnabled() && IsChanged(control);
 }
 
 bool CReceiverPortPage::ConfirmChanges() {
@@ -254,10 +232,7 @@ bool CReceiverPortPage::ConfirmChanges() {
 // The questions come from the controls, not from composed commands: a text no command can carry
 // reaches CParameterPage::OnApply, which marks it.
 bool CReceiverPortPage::OnApply() {
-    if (!ConfirmChanges() || !CParameterPage::OnApply())
-        return false;
-    Record();
-    return true;
+    return ConfirmChanges() && CParameterPage::OnApply();
 }
 
 QComboBox* CReceiverPortPage::BindInputMode(const ReceiverPort& port) {

@@ -47,14 +47,13 @@ protected:
     bool OnApply() override;
     // Read again when shown after an Apply, which may have written what this page shows.
     void OnSetActive() override;
-    void OnValuesRead() override;
     // The user's answer to what this page is about to write; false keeps the page unwritten.
     virtual bool ConfirmChanges();
     // A control whose change ConfirmChanges asks about; `link`: a setting of the controller's own
     // port that cuts its connection when it changes.
     void Watch(QWidget* control, bool link);
-    // Whether a watched control differs from what the page last read or wrote.
-    bool Edited(const QWidget* control) const;
+    // Whether a watched control differs from what the receiver holds.
+    bool Edited(const QWidget* control);
     // The port's input mode: a choice, also on a port that takes no output.
     QComboBox* BindInputMode(const ReceiverPort& port);
     // The port's output mode: a choice, or a label for a port that takes no output.
@@ -64,10 +63,7 @@ private:
     struct Watched {
         QWidget* control;
         bool link;
-        QVariant value; // as last read or written
     };
-
-    void Record();
 
     std::vector<Watched> m_watched;
     QString m_controllerId; // "/dev/ser/a", or empty
