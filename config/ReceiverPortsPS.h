@@ -4,7 +4,6 @@
 #include "config/ParameterSheet.h"
 #include "lib/pell_export.h"
 
-#include <QVariant>
 #include <optional>
 #include <vector>
 
