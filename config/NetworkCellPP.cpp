@@ -76,7 +76,7 @@ CNetworkCellPP::CNetworkCellPP(std::shared_ptr<rxio::IReceiver> receiver, QWidge
 
     auto* page = new QVBoxLayout(this);
     auto* top = new QHBoxLayout;
-    auto* viewLabel = new QLabel(XString(ids::NetworkView) + QLatin1Char(':'));
+    auto* viewLabel = new QLabel(XString(ids::NetworkView));
     viewLabel->setBuddy(m_view);
     top->addWidget(viewLabel);
     top->addWidget(m_view);

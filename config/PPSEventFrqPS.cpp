@@ -102,7 +102,7 @@ CEventPP::CEventPP(std::shared_ptr<rxio::IReceiver> receiver, char channel, QWid
     reference->addRow(XString(pell::ids::TimingEdge), edge);
     reference->addRow(XString(pell::ids::TimingRefTime), time);
     reference->addRow(tied);
-    reference->addRow(XString(pell::ids::TimingClockSync) + QLatin1Char(':'), lock);
+    reference->addRow(XString(pell::ids::TimingClockSync), lock);
     reference->addRow(XString(pell::ids::TimingStatus), locked);
     page->addStretch();
 
@@ -129,7 +129,7 @@ CFrqPP::CFrqPP(std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     source->addRow(XString(pell::ids::FrequencyStatus), status);
     source->addRow(XString(pell::ids::FrequencyAmplitude), amplitude);
     QFormLayout* oscillator = Form(Group(XString(pell::ids::FrequencySourceGroup), page));
-    oscillator->addRow(XString(pell::ids::FrequencyOffsetReduction) + QLatin1Char(':'), reduction);
+    oscillator->addRow(XString(pell::ids::FrequencyOffsetReduction), reduction);
     page->addStretch();
 
     BindChoice(input, QStringLiteral("frq/input"), TableOf(FrqInput::EFrqInput{}));

@@ -203,7 +203,7 @@ CTrackingPositioning_AdvancedRTKDlg::CTrackingPositioning_AdvancedRTKDlg(
     auto* page = new QVBoxLayout(&Body());
     QFormLayout* residuals = CParameterPage::Form(nullptr);
     page->addLayout(residuals);
-    residuals->addRow(XString(ids::TrackingVrsMode) + QLatin1Char(':'), m_vrs);
+    residuals->addRow(XString(ids::TrackingVrsMode), m_vrs);
     residuals->addRow(XString(ids::TrackingIfBaseline), m_ifBaseline);
     residuals->addRow(m_weighting);
     residuals->addRow(XString(ids::TrackingMaxResidual), m_maxResidual);
@@ -369,7 +369,7 @@ CTrackingPositioning_AdvPP::CTrackingPositioning_AdvPP(std::shared_ptr<rxio::IRe
     auto* jamming = new QHBoxLayout;
     jamming->addWidget(antiJamming);
     jamming->addWidget(settings);
-    options->addRow(XString(ids::TrackingAntiJamming) + QLatin1Char(':'), jamming);
+    options->addRow(XString(ids::TrackingAntiJamming), jamming);
     page->addStretch();
 
     BindSigned(rawRate, Path("raw/msint"));

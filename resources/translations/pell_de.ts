@@ -774,9 +774,9 @@
         <translation>An Bezugszeit gebunden</translation>
     </message>
     <message>
-        <source>Clock Synchronization</source>
+        <source>Clock Synchronization:</source>
         <comment>61513</comment>
-        <translation>Uhrensynchronisation</translation>
+        <translation>Uhrensynchronisation:</translation>
     </message>
     <message>
         <source>Status:</source>
@@ -814,9 +814,9 @@
         <translation>Signalamplitude:</translation>
     </message>
     <message>
-        <source>Oscillator Offset Reduction</source>
+        <source>Oscillator Offset Reduction:</source>
         <comment>61521</comment>
-        <translation>Oszillator-Offsetreduzierung</translation>
+        <translation>Oszillator-Offsetreduzierung:</translation>
     </message>
     <message>
         <source>Pulse</source>
@@ -1019,9 +1019,9 @@
         <translation>Ionosphärischer Restfehler, ppm:</translation>
     </message>
     <message>
-        <source>VRS Mode</source>
+        <source>VRS Mode:</source>
         <comment>61568</comment>
-        <translation>VRS-Modus</translation>
+        <translation>VRS-Modus:</translation>
     </message>
     <message>
         <source>IF Baseline, m:</source>
@@ -1199,9 +1199,9 @@
         <translation>Quarz-Regelschleife</translation>
     </message>
     <message>
-        <source>Anti-jamming</source>
+        <source>Anti-jamming:</source>
         <comment>61604</comment>
-        <translation>Störschutz</translation>
+        <translation>Störschutz:</translation>
     </message>
     <message>
         <source>Settings…</source>
@@ -2243,9 +2243,9 @@
         <translation>Die TCP-Server-Ports selbst werden in den Empfängerschnittstellen eingestellt.</translation>
     </message>
     <message>
-        <source>View</source>
+        <source>View:</source>
         <comment>61957</comment>
-        <translation>Ansicht</translation>
+        <translation>Ansicht:</translation>
     </message>
     <message>
         <source>Modems</source>
