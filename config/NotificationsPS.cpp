@@ -161,19 +161,13 @@ CNotifications_EventsPP::CNotifications_EventsPP(std::shared_ptr<rxio::IReceiver
     : CParameterPage(std::move(receiver), XString(ids::NotifEventsPage), parent),
       m_list(List({XString(ids::NotifColumnDescription), XString(ids::NotifColumnThreshold),
                    XString(ids::NotifColumnPeriodically)})) {
-    auto* edit = Button(ids::NotifEdit, "editButton");
     // The descriptions take the spare width, the values keep theirs: on a narrow screen a long
     // description is shortened, whole in its tool tip, and the values stay in sight.
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_list->header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
-    auto* page = new QVBoxLayout(this);
-    page->addWidget(m_list, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(edit);
-    page->addLayout(buttons);
+    ListButtons(m_list, new QVBoxLayout(this), this, {{}, [this] { EditEvent(); }, {}});
 
     // The values feed the list; they are written by the event dialog.
     for (std::size_t event = 0; event < m_rows.size(); ++event) {
@@ -183,9 +177,6 @@ CNotifications_EventsPP::CNotifications_EventsPP(std::shared_ptr<rxio::IReceiver
         if (e.period)
             BindShown(m_rows[event].period, QLatin1String(e.period));
     }
-    connect(edit, &QPushButton::clicked, this, [this] { RunUserAction([this] { EditEvent(); }); });
-    connect(m_list, &QTreeWidget::itemActivated, this,
-            [this] { RunUserAction([this] { EditEvent(); }); });
 }
 
 void CNotifications_EventsPP::OnValuesRead() {
@@ -323,28 +314,14 @@ CNotifications_WatchersPP::CNotifications_WatchersPP(std::shared_ptr<rxio::IRece
                  QStringLiteral("Notifications_GetWatchers")),
       m_list(List({XString(ids::NotifColumnId), XString(ids::NotifColumnEmail),
                    XString(ids::NotifColumnLevel)})) {
-    auto* add = Button(ids::NotifAdd, "addButton");
-    auto* edit = Button(ids::NotifEdit, "editButton");
-    auto* remove = Button(ids::NotifDelete, "deleteButton");
-    m_buttons = {add, edit, remove};
-    auto* page = new QVBoxLayout(this);
-    page->addWidget(m_list, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(add);
-    buttons->addWidget(edit);
-    buttons->addWidget(remove);
-    buttons->addStretch();
-    page->addLayout(buttons);
+    m_buttons = ListButtons(m_list, new QVBoxLayout(this), this,
+                            {[this] { AddWatcher(); }, [this] { EditWatcher(); },
+                             [this] {
+                                 DeleteWatcher();
+                             }});
 
     BindList(m_list, m_watchers);
     connect(this, &CParameterPage::valuesRead, this, &CNotifications_WatchersPP::Fill);
-    connect(add, &QPushButton::clicked, this, [this] { RunUserAction([this] { AddWatcher(); }); });
-    connect(edit, &QPushButton::clicked, this,
-            [this] { RunUserAction([this] { EditWatcher(); }); });
-    connect(m_list, &QTreeWidget::itemActivated, this,
-            [this] { RunUserAction([this] { EditWatcher(); }); });
-    connect(remove, &QPushButton::clicked, this,
-            [this] { RunUserAction([this] { DeleteWatcher(); }); });
 }
 
 void CNotifications_WatchersPP::Fill() {

@@ -140,21 +140,11 @@ CNtrip_Caster_MountpointsDlg::CNtrip_Caster_MountpointsDlg(
       m_list(CParameterPage::List({XString(pell::ids::NtripColumnId),
                                    XString(pell::ids::NtripColumnMountpointName),
                                    XString(pell::ids::NtripColumnMessageSet)})) {
-    auto* add = new QPushButton(XString(pell::ids::NtripAddUser));
-    auto* edit = new QPushButton(XString(pell::ids::NtripEditUser));
-    auto* remove = new QPushButton(XString(pell::ids::NtripDeleteUser));
-    add->setObjectName(QStringLiteral("addButton"));
-    edit->setObjectName(QStringLiteral("editButton"));
-    remove->setObjectName(QStringLiteral("deleteButton"));
-
-    auto* layout = new QVBoxLayout(&Body());
-    layout->addWidget(m_list, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(add);
-    buttons->addWidget(edit);
-    buttons->addWidget(remove);
-    buttons->addStretch();
-    layout->addLayout(buttons);
+    CParameterPage::ListButtons(m_list, new QVBoxLayout(&Body()), this,
+                                {[this] { AddMountpoint(); }, [this] { EditMountpoint(); },
+                                 [this] {
+                                     DeleteMountpoint();
+                                 }});
     resize(560, 300);
 
     // Each slot's values are bound as any parameter is; the list shows them.
@@ -170,14 +160,6 @@ CNtrip_Caster_MountpointsDlg::CNtrip_Caster_MountpointsDlg(
         Body().BindShown(held.messages, path + QStringLiteral("msgs"));
     }
     connect(&Body(), &CParameterPage::valuesRead, this, &CNtrip_Caster_MountpointsDlg::Fill);
-    connect(add, &QPushButton::clicked, this,
-            [this] { RunUserAction([this] { AddMountpoint(); }); });
-    connect(edit, &QPushButton::clicked, this,
-            [this] { RunUserAction([this] { EditMountpoint(); }); });
-    connect(m_list, &QTreeWidget::itemActivated, this,
-            [this] { RunUserAction([this] { EditMountpoint(); }); });
-    connect(remove, &QPushButton::clicked, this,
-            [this] { RunUserAction([this] { DeleteMountpoint(); }); });
 }
 
 void CNtrip_Caster_MountpointsDlg::Fill() {

@@ -142,31 +142,15 @@ CNtrip_Caster_UsersDlg::CNtrip_Caster_UsersDlg(std::shared_ptr<rxio::IReceiver> 
           {XString(pell::ids::NtripColumnId), XString(pell::ids::NtripColumnName),
            XString(pell::ids::NtripColumnPassword), XString(pell::ids::NtripColumnAccessTo),
            XString(pell::ids::NtripColumnValidFrom), XString(pell::ids::NtripColumnValidUntil)})) {
-    auto* add = new QPushButton(XString(pell::ids::NtripAddUser));
-    auto* edit = new QPushButton(XString(pell::ids::NtripEditUser));
-    auto* remove = new QPushButton(XString(pell::ids::NtripDeleteUser));
-    add->setObjectName(QStringLiteral("addButton"));
-    edit->setObjectName(QStringLiteral("editButton"));
-    remove->setObjectName(QStringLiteral("deleteButton"));
-
-    auto* layout = new QVBoxLayout(&Body());
-    layout->addWidget(m_list, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(add);
-    buttons->addWidget(edit);
-    buttons->addWidget(remove);
-    buttons->addStretch();
-    layout->addLayout(buttons);
+    CParameterPage::ListButtons(m_list, new QVBoxLayout(&Body()), this,
+                                {[this] { AddUser(); }, [this] { EditUser(); },
+                                 [this] {
+                                     DeleteUser();
+                                 }});
     resize(640, 360);
 
     Body().BindList(m_list, m_users);
     connect(&Body(), &CParameterPage::valuesRead, this, &CNtrip_Caster_UsersDlg::Fill);
-    connect(add, &QPushButton::clicked, this, [this] { RunUserAction([this] { AddUser(); }); });
-    connect(edit, &QPushButton::clicked, this, [this] { RunUserAction([this] { EditUser(); }); });
-    connect(m_list, &QTreeWidget::itemActivated, this,
-            [this] { RunUserAction([this] { EditUser(); }); });
-    connect(remove, &QPushButton::clicked, this,
-            [this] { RunUserAction([this] { DeleteUser(); }); });
 }
 
 std::optional<QDateTime> CNtrip_Caster_UsersDlg::ParseMoment(const QString& text,

@@ -14,9 +14,11 @@
 #include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTreeWidget>
 #include <algorithm>
@@ -486,6 +488,35 @@ void CParameterPage::MarkControl(QWidget* control, const QString& reply) {
                                .arg(QLatin1String(control->metaObject()->className())));
     control->setToolTip(reply);
     control->setFocus();
+}
+
+std::vector<QPushButton*> CParameterPage::ListButtons(QTreeWidget* list, QBoxLayout* into,
+                                                      QWidget* owner, const ListActions& actions) {
+    into->addWidget(list, 1);
+    auto* row = new QHBoxLayout;
+    std::vector<QPushButton*> buttons;
+    const auto button = [&](const std::function<void()>& action, unsigned text, const char* name) {
+        if (!action)
+            return;
+        auto* made = buttons.emplace_back(new QPushButton(XString(text)));
+        made->setObjectName(QLatin1String(name));
+        row->addWidget(made);
+        QObject::connect(made, &QPushButton::clicked, owner,
+                         [owner, action] { pell::RunAndReport(owner, action); });
+    };
+    button(actions.add, pell::ids::ListAdd, "addButton");
+    button(actions.edit, pell::ids::ListEdit, "editButton");
+    button(actions.remove, pell::ids::ListDelete, "deleteButton");
+    // Buttons that add or delete sit left, under the items; an editor alone sits right.
+    if (actions.add || actions.remove)
+        row->addStretch();
+    else
+        row->insertStretch(0);
+    into->addLayout(row);
+    if (actions.edit)
+        QObject::connect(list, &QTreeWidget::itemActivated, owner,
+                         [owner, edit = actions.edit] { pell::RunAndReport(owner, edit); });
+    return buttons;
 }
 
 QString CParameterPage::AddressLine(const QString& host, const QString& port) {

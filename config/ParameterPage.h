@@ -17,6 +17,7 @@ class QFormLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QSpinBox;
 class QTreeWidget;
 class CKeyedList;
@@ -75,6 +76,14 @@ public:
     // sizes the other columns to their contents once the rows are in.
     static QTreeWidget* List(const QStringList& columns);
     static void FitColumns(QTreeWidget* list);
+    // Under a list of items, the buttons Add…, Edit… and Delete (named addButton, editButton,
+    // deleteButton) for the actions given; a double click on an item edits it. A library
+    // exception from an action is reported on `owner`. Returns the buttons made.
+    struct ListActions {
+        std::function<void()> add, edit, remove;
+    };
+    static std::vector<QPushButton*> ListButtons(QTreeWidget* list, QBoxLayout* into,
+                                                 QWidget* owner, const ListActions& actions);
     // The line a page shows for a server it connects to: "host : port", or "Not set" without a
     // host.
     static QString AddressLine(const QString& host, const QString& port);

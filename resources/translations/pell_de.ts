@@ -2513,11 +2513,6 @@
         <translation>Maximale Abweichung der Basisstation, m</translation>
     </message>
     <message>
-        <source>Edit…</source>
-        <comment>62032</comment>
-        <translation>Bearbeiten…</translation>
-    </message>
-    <message>
         <source>Watchers</source>
         <comment>62033</comment>
         <translation>Empfänger</translation>
@@ -2556,16 +2551,6 @@
         <source>Warning Level</source>
         <comment>62040</comment>
         <translation>Warnstufe</translation>
-    </message>
-    <message>
-        <source>Add…</source>
-        <comment>62041</comment>
-        <translation>Hinzufügen…</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <comment>62042</comment>
-        <translation>Löschen</translation>
     </message>
     <message>
         <source>Wrong EMail.</source>
