@@ -33,11 +33,13 @@ void CKeyedList::Read(const CVexReceiverMate& mate) {
     }
     m_read = items;
     m_items = std::move(items);
+    m_unread = false;
 }
 
 void CKeyedList::Forget() {
     m_read.clear();
     m_items.clear();
+    m_unread = true;
 }
 
 void CKeyedList::Add(Values values) {
@@ -71,6 +73,8 @@ QString CKeyedList::Set(const QString& item, const Field& field, const QString& 
 
 QStringList CKeyedList::Commands() const {
     QStringList commands;
+    if (m_unread)
+        return commands;
     std::set<int> kept;
     for (const Item& item : m_items)
         if (item.index >= 0)

@@ -38,7 +38,8 @@ public:
     void Read(const CVexReceiverMate& mate);
     const std::vector<Item>& Items() const { return m_items; }
     const QString& Path() const { return m_path; }
-    // Drops what was read and edited: a list that could not be read has nothing to write.
+    // Drops what was read and edited: a list that could not be read writes nothing, whatever is
+    // added to it, until it is read again.
     void Forget();
     void Add(Values values);
     void Change(std::size_t row, Values values);
@@ -60,4 +61,5 @@ private:
     QString m_operation;
     std::vector<Item> m_read;
     std::vector<Item> m_items;
+    bool m_unread = false;
 };

@@ -74,7 +74,7 @@ const std::array<NotificationEvent, 5>& NotificationEvents() {
 CNotifications_EMailAccountPP::CNotifications_EMailAccountPP(
     std::shared_ptr<rxio::IReceiver> receiver, QWidget* parent)
     : CParameterPage(std::move(receiver), XString(ids::NotifAccountPage), parent),
-      m_host(new QLabel(this)), m_port(new QLabel(this)), m_serverLine(new QLabel) {
+      m_host(new QLabel), m_port(new QLabel), m_serverLine(new QLabel) {
     auto* user = new QLineEdit;
     auto* password = new QLineEdit;
     MaskPassword(password);
@@ -96,6 +96,9 @@ CNotifications_EMailAccountPP::CNotifications_EMailAccountPP(
 
     BindText(user, QStringLiteral("/app/notif/email/user"));
     BindText(password, QStringLiteral("/app/notif/email/password"));
+    // The host and port feed the server line.
+    Hold(m_host, *this, m_serverLine);
+    Hold(m_port, *this, m_serverLine);
     BindShown(m_host, QStringLiteral("/app/notif/email/host"));
     BindShown(m_port, QStringLiteral("/app/notif/email/port"));
     connect(server, &QPushButton::clicked, this,
@@ -116,9 +119,6 @@ QString CNotifications_EMailAccountPP::ServerLine() const {
 }
 
 void CNotifications_EMailAccountPP::OnValuesRead() {
-    // The host and port feed the server line and never show themselves.
-    m_host->hide();
-    m_port->hide();
     m_serverLine->setText(ServerLine());
 }
 
@@ -172,7 +172,9 @@ CNotifications_EventsPP::CNotifications_EventsPP(std::shared_ptr<rxio::IReceiver
     // The values feed the list; they are written by the event dialog.
     for (std::size_t event = 0; event < m_rows.size(); ++event) {
         const NotificationEvent& e = NotificationEvents()[event];
-        m_rows[event] = {new QLabel(this), new QLabel(this)};
+        m_rows[event] = {new QLabel, new QLabel};
+        Hold(m_rows[event].threshold, *this, m_list);
+        Hold(m_rows[event].period, *this, m_list);
         BindShown(m_rows[event].threshold, QLatin1String(e.threshold));
         if (e.period)
             BindShown(m_rows[event].period, QLatin1String(e.period));
@@ -180,13 +182,10 @@ CNotifications_EventsPP::CNotifications_EventsPP(std::shared_ptr<rxio::IReceiver
 }
 
 void CNotifications_EventsPP::OnValuesRead() {
-    // A reading shows the label of a parameter the receiver has: an event it lacks is left out,
-    // and one without its period is notified once. The labels only feed the list.
+    // An event the receiver lacks is left out, and one without its period is notified once.
     for (Row& row : m_rows) {
-        row.known = !row.threshold->isHidden();
-        row.periodKnown = !row.period->isHidden() && row.period->text() != QString();
-        row.threshold->hide();
-        row.period->hide();
+        row.known = IsRead(row.threshold);
+        row.periodKnown = IsRead(row.period);
     }
     Fill();
 }
@@ -314,11 +313,11 @@ CNotifications_WatchersPP::CNotifications_WatchersPP(std::shared_ptr<rxio::IRece
                  QStringLiteral("Notifications_GetWatchers")),
       m_list(List({XString(ids::NotifColumnId), XString(ids::NotifColumnEmail),
                    XString(ids::NotifColumnLevel)})) {
-    m_buttons = ListButtons(m_list, new QVBoxLayout(this), this,
-                            {[this] { AddWatcher(); }, [this] { EditWatcher(); },
-                             [this] {
-                                 DeleteWatcher();
-                             }});
+    ListButtons(m_list, new QVBoxLayout(this), this,
+                {[this] { AddWatcher(); }, [this] { EditWatcher(); },
+                 [this] {
+                     DeleteWatcher();
+                 }});
 
     BindList(m_list, m_watchers);
     connect(this, &CParameterPage::valuesRead, this, &CNotifications_WatchersPP::Fill);
@@ -328,8 +327,6 @@ void CNotifications_WatchersPP::Fill() {
     const int selected =
         m_list->currentItem() ? m_list->indexOfTopLevelItem(m_list->currentItem()) : -1;
     m_list->clear();
-    for (QPushButton* button : m_buttons)
-        button->setEnabled(m_list->isEnabled());
     const EnumTable& levels = TableOf(NotificationLevel::ENotificationLevel{});
     for (const CKeyedList::Item& watcher : m_watchers.Items()) {
         const QString& level = watcher.values.at(QStringLiteral("level"));

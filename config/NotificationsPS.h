@@ -142,7 +142,6 @@ private:
     QTreeWidget* m_list;
     // Greyed with the list when it could not be read: an edit of a list nobody has seen could
     // overwrite the receiver's watchers.
-    std::vector<QPushButton*> m_buttons;
 };
 
 // One watcher: the address and the warning level. Edits the values in memory; the watchers page

@@ -303,12 +303,12 @@ CNtrip_Server_OutputDlg::CNtrip_Server_OutputDlg(std::shared_ptr<rxio::IReceiver
                                                  QWidget* parent, int server)
     : CParameterDialog(std::move(receiver), XString(pell::ids::NtripServerOutputDialog), parent) {
     auto* mode = new QComboBox;
-    auto* period = CParameterPage::RealBox(0.0, 86400.0, 2);
+    auto* period = CParameterPage::RealBox(0.0, 86400.0, 3);
     auto* mask = CParameterPage::SpinBox(-90, 90);
     auto* form = CParameterPage::Form(&Body());
     form->addRow(XString(pell::ids::PortsOutputMode), mode);
-    form->addRow(XString(pell::ids::PortsPeriod), period);
     form->addRow(XString(pell::ids::PortsElevMask), mask);
+    form->addRow(XString(pell::ids::PortsPeriod), period);
 
     Body().BindChoice(mode, CNtrip_ServerPP::Path(server, "out/mode"), TableOf(OMode::EOMode{}));
     Body().BindReal(period, CNtrip_ServerPP::Path(server, "out/period"));

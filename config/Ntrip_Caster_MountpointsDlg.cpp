@@ -2,6 +2,7 @@
 
 #include "lib/Common.h"
 #include "lib/PellLib.h"
+#include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
 
 #include <QDialogButtonBox>
@@ -23,16 +24,17 @@ namespace {
 constexpr std::pair<const char*, const char*> kFormats[] = {
     {"rtcm3", "RTCM 3"}, {"rtcm", "RTCM 2"}, {"cmr", "CMR"}, {"jps", "JPS"}, {"nmea", "NMEA"}};
 
-// The message sets a receiver names in "<slot>/msgs": "{rtcm3/1004,jps/RT}". Anything else in
-// the reply is left out.
-QStringList EnabledMessages(const QString& reply) {
-    static const QRegularExpression word(QStringLiteral(R"(^[a-z0-9]+/[A-Za-z0-9]+$)"));
-    if (!reply.startsWith(QLatin1Char('{')) || !reply.endsWith(QLatin1Char('}')))
-        return {};
-    QStringList messages;
-    for (const QString& item : reply.mid(1, reply.size() - 2).split(QLatin1Char(',')))
-        if (word.match(item.trimmed()).hasMatch())
-            messages << item.trimmed();
+// The description's room on the receiver.
+constexpr qsizetype kDescriptionLength = 128;
+
+// The message sets a receiver names in "<slot>/msgs": "{rtcm3/1004,jps/RT}". A reply with
+// anything else tells nothing.
+std::optional<QStringList> EnabledMessages(const QString& reply) {
+    if (!reply.trimmed().startsWith(QLatin1Char('{')))
+        return std::nullopt;
+    const QStringList messages = CVexReceiverMate::SplitList(reply);
+    if (!std::all_of(messages.begin(), messages.end(), CVexReceiverMate::IsMessageSetName))
+        return std::nullopt;
     return messages;
 }
 
@@ -40,10 +42,11 @@ QStringList EnabledMessages(const QString& reply) {
 
 CNtrip_Caster_MountpointDlg::CNtrip_Caster_MountpointDlg(const QString& name,
                                                          const QString& description,
-                                                         QStringList messages, QStringList others,
-                                                         QWidget* parent)
-    : CPellDialog(nullptr, parent), m_stored(description), m_description(Describe(messages)),
-      m_others(std::move(others)), m_name(new QLineEdit(name)), m_descriptionField(new QLineEdit) {
+                                                         std::optional<QStringList> messages,
+                                                         QStringList others, QWidget* parent)
+    : CPellDialog(nullptr, parent), m_stored(description),
+      m_description(messages ? Describe(*messages) : description), m_others(std::move(others)),
+      m_name(new QLineEdit(name)), m_descriptionField(new QLineEdit) {
     setWindowTitle(XString(pell::ids::NtripMountpointDialog));
     m_name->setObjectName(QStringLiteral("nameEdit"));
     // A mount point name is a path segment of every client's request.
@@ -53,12 +56,13 @@ CNtrip_Caster_MountpointDlg::CNtrip_Caster_MountpointDlg(const QString& name,
     m_descriptionField->setMinimumWidth(m_name->fontMetrics().horizontalAdvance(QLatin1Char('x')) *
                                         40);
     auto* list = new QListWidget;
-    list->addItems(messages);
+    list->addItems(messages.value_or(QStringList()));
     list->setSelectionMode(QAbstractItemView::NoSelection);
     list->setFocusPolicy(Qt::NoFocus);
     list->setMaximumHeight(list->fontMetrics().height() * 8);
-    auto* hint = new QLabel(
-        XString(messages.isEmpty() ? pell::ids::NtripNoMessages : pell::ids::NtripMessagesHint));
+    auto* hint = new QLabel(XString(!messages             ? pell::ids::NtripMessagesUnknown
+                                    : messages->isEmpty() ? pell::ids::NtripNoMessages
+                                                          : pell::ids::NtripMessagesHint));
     hint->setWordWrap(true);
 
     QFormLayout* form = CParameterPage::Form(nullptr);
@@ -94,7 +98,9 @@ QString CNtrip_Caster_MountpointDlg::Describe(QStringList messages) {
         std::stable_sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
             bool aNumber = false, bNumber = false;
             const int x = a.toInt(&aNumber), y = b.toInt(&bNumber);
-            return aNumber && bNumber && x < y;
+            if (aNumber != bNumber)
+                return aNumber;
+            return aNumber && x < y;
         });
         groups << title + QStringLiteral(": ") + names.join(QLatin1Char(','));
     };
@@ -103,7 +109,7 @@ QString CNtrip_Caster_MountpointDlg::Describe(QStringList messages) {
     while (!messages.isEmpty())
         describe(messages.first().section(QLatin1Char('/'), 0, 0),
                  messages.first().section(QLatin1Char('/'), 0, 0).toUpper());
-    return groups.join(QStringLiteral("; "));
+    return groups.join(QStringLiteral("; ")).left(kDescriptionLength);
 }
 
 void CNtrip_Caster_MountpointDlg::OnInitDialog() {
@@ -154,7 +160,7 @@ CNtrip_Caster_MountpointsDlg::CNtrip_Caster_MountpointsDlg(
         for (QWidget* control :
              {static_cast<QWidget*>(held.name), static_cast<QWidget*>(held.description),
               static_cast<QWidget*>(held.messages)})
-            CParameterPage::Hold(control, Body());
+            CParameterPage::Hold(control, Body(), m_list);
         Body().BindText(held.name, path + QStringLiteral("name"));
         Body().BindText(held.description, path + QStringLiteral("msgset"));
         Body().BindShown(held.messages, path + QStringLiteral("msgs"));
@@ -165,20 +171,28 @@ CNtrip_Caster_MountpointsDlg::CNtrip_Caster_MountpointsDlg(
 void CNtrip_Caster_MountpointsDlg::Fill() {
     m_list->clear();
     for (std::size_t slot = 0; slot < m_slots.size(); ++slot) {
-        if (m_slots[slot].name->text().isEmpty())
+        const Slot& held = m_slots[slot];
+        const bool read = Body().IsRead(held.name);
+        if (read && held.name->text().isEmpty())
             continue;
-        auto* row = new QTreeWidgetItem(m_list, {QString::number(slot), m_slots[slot].name->text(),
-                                                 m_slots[slot].description->text()});
+        // A slot whose name the receiver did not give may hold a mount point: shown, not used.
+        auto* row = new QTreeWidgetItem(
+            m_list, {QString::number(slot),
+                     read ? held.name->text() : XString(pell::ids::NtripSlotUnreadable),
+                     read ? held.description->text() : QString()});
         row->setData(0, Qt::UserRole, qulonglong(slot));
         row->setTextAlignment(0, Qt::AlignRight);
+        if (!read)
+            row->setFlags(row->flags() & ~Qt::ItemIsEnabled);
     }
     CParameterPage::FitColumns(m_list);
 }
 
 std::optional<std::size_t> CNtrip_Caster_MountpointsDlg::CurrentSlot() const {
-    if (const QTreeWidgetItem* current = m_list->currentItem())
-        return std::size_t(current->data(0, Qt::UserRole).toULongLong());
-    return std::nullopt;
+    const QTreeWidgetItem* current = m_list->currentItem();
+    if (!current || !(current->flags() & Qt::ItemIsEnabled))
+        return std::nullopt;
+    return std::size_t(current->data(0, Qt::UserRole).toULongLong());
 }
 
 bool CNtrip_Caster_MountpointsDlg::Edit(std::size_t slot) {
@@ -187,9 +201,10 @@ bool CNtrip_Caster_MountpointsDlg::Edit(std::size_t slot) {
         if (i != slot && !m_slots[i].name->text().isEmpty())
             others << m_slots[i].name->text();
     const Slot& held = m_slots[slot];
-    CPellWindow<CNtrip_Caster_MountpointDlg> dialog(held.name->text(), held.description->text(),
-                                                    EnabledMessages(held.messages->text()), others,
-                                                    this);
+    CPellWindow<CNtrip_Caster_MountpointDlg> dialog(
+        held.name->text(), held.description->text(),
+        Body().IsRead(held.messages) ? EnabledMessages(held.messages->text()) : std::nullopt,
+        others, this);
     if (dialog.exec() != pell::IDOK)
         return false;
     held.name->setText(dialog.Name());
@@ -199,8 +214,9 @@ bool CNtrip_Caster_MountpointsDlg::Edit(std::size_t slot) {
 }
 
 void CNtrip_Caster_MountpointsDlg::AddMountpoint() {
-    const auto free = std::find_if(m_slots.begin(), m_slots.end(),
-                                   [](const Slot& slot) { return slot.name->text().isEmpty(); });
+    const auto free = std::find_if(m_slots.begin(), m_slots.end(), [this](const Slot& slot) {
+        return Body().IsRead(slot.name) && slot.name->text().isEmpty();
+    });
     if (free == m_slots.end()) {
         g_PellLibApp.MessageBox(this, XString(pell::ids::NtripMountpointsFull).arg(m_slots.size()),
                                 pell::MB_OK | pell::MB_ICONWARNING);

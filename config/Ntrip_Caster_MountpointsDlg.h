@@ -17,18 +17,20 @@ class QTreeWidget;
 class PELL_EXPORT CNtrip_Caster_MountpointDlg : public CPellDialog {
     Q_OBJECT
 public:
-    // `messages`: the message sets enabled on the mount point ("rtcm3/1004", …); `others`: the
-    // names of the listener's other mount points, which this one may not take.
+    // `messages`: the message sets enabled on the mount point ("rtcm3/1004", …), none when the
+    // receiver did not say (the description is then kept); `others`: the names of the
+    // listener's other mount points, which this one may not take.
     CNtrip_Caster_MountpointDlg(const QString& name, const QString& description,
-                                QStringList messages, QStringList others,
+                                std::optional<QStringList> messages, QStringList others,
                                 QWidget* parent = nullptr);
 
     QString Name() const;
     const QString& Description() const { return m_description; }
     void accept() override;
 
-    // The description of a set of messages, grouped by format: "RTCM 3: 1004,1006; JPS: RT".
-    // It is stored on the receiver and compared with what it holds, so it is never translated.
+    // The description of a set of messages, grouped by format: "RTCM 3: 1004,1006; JPS: RT", at
+    // most the 128 characters a receiver keeps. It is stored on the receiver and compared with
+    // what it holds, so it is never translated.
     static QString Describe(QStringList messages);
 
 protected:

@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -26,8 +27,28 @@
 
 namespace {
 
-// The property that marks a held control.
+// The properties of a held control: that it is held, and what shows its value.
 constexpr char kHeld[] = "pellHeld";
+constexpr char kShownBy[] = "pellShownBy";
+
+// Buttons that change a list are usable only while the list is: one that could not be read
+// must not be edited blind.
+class CFollowEnabled : public QObject {
+public:
+    CFollowEnabled(QWidget* list, std::vector<QPushButton*> buttons)
+        : QObject(list), m_buttons(std::move(buttons)) {}
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::EnabledChange)
+            for (QPushButton* button : m_buttons)
+                button->setEnabled(static_cast<QWidget*>(watched)->isEnabled());
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::vector<QPushButton*> m_buttons;
+};
 
 bool IsUnknownPath(const QString& reply) {
     return reply.startsWith(QLatin1String("{1,,"));
@@ -471,7 +492,15 @@ void CParameterPage::OnReceiverGone() {
 
 // A refused value keeps a red frame and the receiver's reply as its tool tip until it changes.
 void CParameterPage::Mark(Binding& binding, const QString& reply) {
-    MarkControl(binding.control, reply);
+    auto* shownBy = qobject_cast<QWidget*>(binding.control->property(kShownBy).value<QObject*>());
+    MarkControl(shownBy ? shownBy : binding.control, reply);
+}
+
+bool CParameterPage::IsRead(const QWidget* control) const {
+    return std::any_of(m_bindings.begin(), m_bindings.end(), [control](const Binding& binding) {
+        return binding.control == control && binding.known &&
+               (binding.writable || binding.kind == Shown);
+    });
 }
 
 void CParameterPage::MarkControl(QWidget* control, const QString& reply) {
@@ -516,6 +545,7 @@ std::vector<QPushButton*> CParameterPage::ListButtons(QTreeWidget* list, QBoxLay
     if (actions.edit)
         QObject::connect(list, &QTreeWidget::itemActivated, owner,
                          [owner, edit = actions.edit] { pell::RunAndReport(owner, edit); });
+    list->installEventFilter(new CFollowEnabled(list, buttons));
     return buttons;
 }
 
@@ -525,10 +555,11 @@ QString CParameterPage::AddressLine(const QString& host, const QString& port) {
     return XString(pell::ids::ServerLine).arg(host, port);
 }
 
-void CParameterPage::Hold(QWidget* control, CParameterPage& page) {
+void CParameterPage::Hold(QWidget* control, CParameterPage& page, QWidget* shownBy) {
     control->setParent(&page);
     control->hide();
     control->setProperty(kHeld, true);
+    control->setProperty(kShownBy, QVariant::fromValue<QObject*>(shownBy));
 }
 
 void CParameterPage::ShowRow(const Binding& binding, bool visible) {

@@ -94,8 +94,11 @@ public:
     void BindList(QWidget* view, CKeyedList& list);
 
     // A bound control that never shows: the page shows its value some other way (a summary
-    // line, a list) and sets it from there. Made a hidden child of `page`.
-    static void Hold(QWidget* control, CParameterPage& page);
+    // line, a list) and sets it from there. Made a hidden child of `page`; a refusal marks
+    // `shownBy` (the list or line that shows the value), when given.
+    static void Hold(QWidget* control, CParameterPage& page, QWidget* shownBy = nullptr);
+    // Whether the receiver has the parameter bound to `control` and the control shows its value.
+    bool IsRead(const QWidget* control) const;
     // Reads every bound parameter again; the user's unapplied changes are dropped.
     void Refresh();
     // The commands Apply would send now, in the table's order, and the parameters they set.

@@ -74,16 +74,11 @@ QGridLayout* Table(QWidget* parent, std::initializer_list<unsigned> headers) {
     return grid;
 }
 
-// Names the receiver gives go into commands as they are: a port or slot a plain word, a message
-// set words joined by slashes ("nmea/GGA"). Others are left out.
+// Names the receiver gives go into commands as they are: a port or slot a plain word. Others are
+// left out.
 bool IsPlainName(const QString& name) {
     static const QRegularExpression plain(QStringLiteral("^[a-z0-9_]+$"));
     return plain.match(name).hasMatch();
-}
-
-bool IsSetName(const QString& name) {
-    static const QRegularExpression set(QStringLiteral("^[A-Za-z0-9_]+(/[A-Za-z0-9_]+)*$"));
-    return set.match(name).hasMatch();
 }
 
 // Check boxes in a uniform grid filled left to right, wrapping at the list's width: every set is
@@ -397,7 +392,8 @@ void CReceiverPortGeneralPP::ReadMessages(Panel& panel) {
         const QStringList sets = CVexReceiverMate::SplitList(
             CVexReceiverMate(GetReceiver())
                 .Run(pell::vexcmd::Print(panel.port.path + QLatin1String("/msgs"))));
-        std::copy_if(sets.begin(), sets.end(), std::back_inserter(panel.enabled), IsSetName);
+        std::copy_if(sets.begin(), sets.end(), std::back_inserter(panel.enabled),
+                     CVexReceiverMate::IsMessageSetName);
         panel.read = true;
         panel.messages->setToolTip({});
     } catch (const ulm_std::CCommException& error) {

@@ -6,6 +6,7 @@
 
 #include <QEventLoop>
 #include <QPointer>
+#include <QRegularExpression>
 #include <algorithm>
 #include <atomic>
 #include <set>
@@ -118,6 +119,11 @@ QString CVexReceiverMate::StripBraces(const QString& text) {
     if (text.size() >= 2 && text.startsWith(QLatin1Char('{')) && text.endsWith(QLatin1Char('}')))
         return text.mid(1, text.size() - 2);
     return text;
+}
+
+bool CVexReceiverMate::IsMessageSetName(const QString& name) {
+    static const QRegularExpression set(QStringLiteral("^[A-Za-z0-9_]+(/[A-Za-z0-9_]+)*$"));
+    return set.match(name).hasMatch();
 }
 
 QStringList CVexReceiverMate::SplitList(const QString& text) {

@@ -60,6 +60,9 @@ public:
     static QString StripBraces(const QString& text);
     // Elements at the outermost level: "{a,{b,c},"d,e"}" → a, {b,c}, "d,e". Empty gives none.
     static QStringList SplitList(const QString& text);
+    // A message set's name as the receiver gives it, fit to go into a command as it is: words
+    // joined by slashes ("nmea/GGA").
+    static bool IsMessageSetName(const QString& name);
     // index=value elements, index 0..255. Anything else fails the whole read with
     // ERROR_INVALID_PARAMETER and `operation` as the operation's name.
     static std::vector<std::pair<unsigned, QString>> SplitKeyedList(const QString& text,

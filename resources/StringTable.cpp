@@ -444,6 +444,8 @@ constexpr StringEntry kEntries[] = {
     {61890, QT_TRANSLATE_NOOP3("PellLib", "The receiver's output settings choose the messages a mountpoint serves.", "61890")},
     {61891, QT_TRANSLATE_NOOP3("PellLib", "Output…", "61891")},
     {61892, QT_TRANSLATE_NOOP3("PellLib", "Output to the Caster", "61892")},
+    {61893, QT_TRANSLATE_NOOP3("PellLib", "The receiver does not say which messages this mountpoint serves.", "61893")},
+    {61894, QT_TRANSLATE_NOOP3("PellLib", "(cannot be read)", "61894")},
     {61900, QT_TRANSLATE_NOOP3("PellLib", "Network", "61900")},
     {61901, QT_TRANSLATE_NOOP3("PellLib", "Ethernet", "61901")},
     {61902, QT_TRANSLATE_NOOP3("PellLib", "Wireless LAN", "61902")},

@@ -1968,6 +1968,16 @@
         <translation>Ausgabe an den Caster</translation>
     </message>
     <message>
+        <source>The receiver does not say which messages this mountpoint serves.</source>
+        <comment>61893</comment>
+        <translation>Der Empfänger gibt nicht an, welche Meldungen dieser Mountpoint liefert.</translation>
+    </message>
+    <message>
+        <source>(cannot be read)</source>
+        <comment>61894</comment>
+        <translation>(nicht lesbar)</translation>
+    </message>
+    <message>
         <source>Ethernet</source>
         <comment>61901</comment>
         <translation>Ethernet</translation>

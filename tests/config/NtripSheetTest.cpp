@@ -239,6 +239,56 @@ TEST(NtripSheetTest, TheMountpointsAreEditedAndWrittenOnOk) {
         EXPECT_EQ(CNtrip_Caster_MountpointDlg::Describe(d.messages), QLatin1String(d.description));
 }
 
+// What the receiver does not give is never taken for empty: messages it does not name keep the
+// stored description, and a slot whose name it does not give is neither free nor editable.
+TEST(NtripSheetTest, AMountpointTheReceiverDoesNotDescribeKeepsItsValues) {
+    const rxio::CommandResult unknown{rxio::CommandResult::Completed, true,
+                                      QStringLiteral("{1,,unknown path}")};
+    const rxio::CommandResult odd{rxio::CommandResult::Completed, false,
+                                  QStringLiteral("{rtcm3/1004,\"x;y\"}")};
+    const QString messages = QStringLiteral("print,/app/ntrip/caster/0/1/msgs");
+    const QString name = QStringLiteral("print,/app/ntrip/caster/0/2/name");
+    const struct {
+        std::map<QString, rxio::CommandResult> replies;
+        int rows;
+    } cases[] = {{{{messages, unknown}}, 2}, {{{messages, odd}}, 2}, {{{name, unknown}}, 3}};
+    for (const auto& c : cases) {
+        SimulatedReceiver simulated(QStringLiteral("soren"));
+        auto receiver = std::make_shared<RewritingReceiver>(simulated.Receiver());
+        receiver->replies = c.replies;
+        Sheet sheet(receiver, nullptr);
+        sheet.show();
+        CParameterPage& caster =
+            Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
+        const ScopedPresenter boxes(pell::IDYES);
+        WithDialog<CNtrip_Caster_MountpointsDlg>(
+            simulated, [&] { Click(caster, "mountpointsButton0"); },
+            [&](CNtrip_Caster_MountpointsDlg& list) {
+                ASSERT_EQ(list.List().topLevelItemCount(), c.rows);
+                list.List().setCurrentItem(list.List().topLevelItem(1));
+                WithDialog<CNtrip_Caster_MountpointDlg>(
+                    simulated, [&] { Click(list, "editButton"); },
+                    [&](CNtrip_Caster_MountpointDlg& dialog) { Click(dialog, "okButton"); });
+                if (c.rows == 3) {
+                    EXPECT_FALSE(list.List().topLevelItem(2)->flags() & Qt::ItemIsEnabled);
+                    WithDialog<CNtrip_Caster_MountpointDlg>(
+                        simulated, [&] { Click(list, "addButton"); },
+                        [&](CNtrip_Caster_MountpointDlg& dialog) {
+                            dialog.findChild<QLineEdit*>(QStringLiteral("nameEdit"))
+                                ->setText(QStringLiteral("NEW"));
+                            Click(dialog, "okButton");
+                        });
+                    EXPECT_EQ(list.Body().PendingCommands().filter(QStringLiteral("/name,")),
+                              QStringList{"set,/app/ntrip/caster/0/3/name,\"NEW\""});
+                } else {
+                    EXPECT_TRUE(list.Body().PendingCommands().isEmpty());
+                }
+                list.reject();
+            });
+        EXPECT_EQ(boxes.Boxes().size(), c.rows == 3 ? 1u : 0u); // the stale description of 0/1
+    }
+}
+
 // A server's dialogs edit that server's parameters: each control alone writes one command.
 TEST(NtripSheetTest, AServersDialogsWriteItsOwnParameters) {
     SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
