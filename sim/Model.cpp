@@ -106,6 +106,10 @@ CModel CModel::Load(const QString& fileName) {
             o.value("id").toInt(), Canonical(o.value("path").toString()),
             o.value("kind").toString(), o.value("feature").toString(), o.value("refuses").toBool(),
             o.value("module").toString(), o.value("moduleFeature").toString()});
+        if (!port.module.isEmpty() &&
+            ((port.module != QLatin1String("ble") && port.module != QLatin1String("btclassic")) ||
+             port.moduleFeature.isEmpty()))
+            Invalid(port.path + ": a module is \"ble\" or \"btclassic\", with a moduleFeature");
         ParamSpec messages;
         messages.path = port.path + QStringLiteral("/msgs");
         messages.kind = ParamSpec::PortMessages;
