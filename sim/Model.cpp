@@ -102,10 +102,10 @@ CModel CModel::Load(const QString& fileName) {
         model.m_messageNames << v.toString();
     for (const QJsonValue& v : root.value("ports").toArray()) {
         const QJsonObject o = v.toObject();
-        const PortSpec& port = model.m_ports.emplace_back(
-            PortSpec{o.value("id").toInt(), Canonical(o.value("path").toString()),
-                     o.value("kind").toString(), o.value("feature").toString(),
-                     o.value("refuses").toBool()});
+        const PortSpec& port = model.m_ports.emplace_back(PortSpec{
+            o.value("id").toInt(), Canonical(o.value("path").toString()),
+            o.value("kind").toString(), o.value("feature").toString(), o.value("refuses").toBool(),
+            o.value("module").toString(), o.value("moduleFeature").toString()});
         ParamSpec messages;
         messages.path = port.path + QStringLiteral("/msgs");
         messages.kind = ParamSpec::PortMessages;

@@ -42,7 +42,9 @@ struct PortSpec {
     QString path;
     QString kind; // controller, serial, tcp, ble, bt, ...
     QString feature;
-    bool refuses = false; // answers "em," and "out," with access denied
+    bool refuses = false;  // answers "em," and "out," with access denied
+    QString module;        // the device behind the port: "ble", "btclassic", or empty for none
+    QString moduleFeature; // the profile feature that puts the module there
 };
 
 struct Profile {

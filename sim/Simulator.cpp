@@ -1,6 +1,7 @@
 #include "Simulator.h"
 
 #include "Nmea.h"
+#include "rxio/Pipe.h"
 
 #include <QIODevice>
 #include <QTimeZone>
@@ -74,9 +75,48 @@ CSimulator::CSimulator(std::shared_ptr<const CModel> model, const QString& profi
     m_epochTimer = makeTimer(false, &CSimulator::SendEpoch);
     m_epochTimer->setInterval(1000);
     m_epochTimer->setTimerType(Qt::PreciseTimer);
+    AddModules(*found);
 }
 
 CSimulator::~CSimulator() = default;
+
+void CSimulator::AddModules(const Profile& profile) {
+    const auto value = [&profile](const char* path) {
+        const auto it = profile.values.find(QLatin1String(path));
+        return it == profile.values.end() ? QString() : it->second;
+    };
+    for (const PortSpec& port : m_model->Ports()) {
+        if (port.module.isEmpty() || !profile.features.contains(port.moduleFeature))
+            continue;
+        CPortModule* module = nullptr;
+        if (port.module == QLatin1String("ble") && !m_ble) {
+            // Set up at the factory for the receiver it sits in; its address follows the
+            // receiver's own identifier, so that every profile has its own.
+            BleSettings settings;
+            settings.pin = QStringLiteral("000000");
+            settings.vendorId = QStringLiteral("PELL");
+            settings.modelId = profile.model;
+            settings.serialNumber = profile.serial;
+            settings.hardwareVersion = value("rcv/ver/hw");
+            const QString uid = value("rcv/uid").rightJustified(6, QLatin1Char('0')).right(6);
+            const QString address = QStringLiteral("00:1B:C5:%1:%2:%3")
+                                        .arg(uid.left(2), uid.mid(2, 2), uid.right(2))
+                                        .toUpper();
+            m_ble = std::make_unique<CBleModule>(settings, address);
+            module = m_ble.get();
+        } else if (port.module == QLatin1String("btclassic") && !m_classic) {
+            m_classic = std::make_unique<CClassicBtModule>();
+            module = m_classic.get();
+        }
+        if (module == nullptr)
+            continue;
+        auto [moduleEnd, portEnd] = rxio::CPipeEnd::CreatePair();
+        module->Attach(moduleEnd.get());
+        AttachPortDevice(port.path, portEnd.get());
+        m_moduleLinks.push_back(std::move(moduleEnd));
+        m_moduleLinks.push_back(std::move(portEnd));
+    }
+}
 
 void CSimulator::Serve(QIODevice* device) {
     if (m_device)

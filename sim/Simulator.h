@@ -1,5 +1,7 @@
 #pragma once
 
+#include "BleModule.h"
+#include "ClassicBtModule.h"
 #include "Model.h"
 #include "ReceiverState.h"
 #include "Sky.h"
@@ -53,6 +55,10 @@ public:
     void Serve(QIODevice* device);
     // Connects a device to one of the receiver's ports (what a module behind it would see).
     void AttachPortDevice(const QString& port, QIODevice* device);
+    // The Bluetooth modules behind the profile's ports, made with the simulator and kept for
+    // its life; null when the profile has none.
+    CBleModule* BleModule() { return m_ble.get(); }
+    CClassicBtModule* ClassicModule() { return m_classic.get(); }
 
     void InjectGarbage(const QByteArray& bytes);
     void AnnounceReset();
@@ -71,6 +77,8 @@ signals:
     void connectionDropped();
 
 private:
+    // Puts the modules of the profile behind their ports.
+    void AddModules(const Profile& profile);
     void OnControllerBytes();
     void OnPortBytes(const QString& port);
     void Consume(QByteArray bytes);
@@ -119,6 +127,9 @@ private:
     QElapsedTimer m_paceClock;
     qint64 m_pacedBytes = 0;
     QTimer* m_drainTimer = nullptr;
+    std::unique_ptr<CBleModule> m_ble;
+    std::unique_ptr<CClassicBtModule> m_classic;
+    std::vector<std::unique_ptr<QIODevice>> m_moduleLinks; // both ends of each module's port
 };
 
 // Frame a payload as the receiver does: RE/ER/NT, six hex digits of length, %id%, payload, \n.

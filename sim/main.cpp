@@ -10,6 +10,7 @@
 #include <QTcpSocket>
 #include <QTextStream>
 #include <cmath>
+#include <map>
 #include <memory>
 #include <numbers>
 #include <optional>
@@ -123,8 +124,12 @@ int main(int argc, char* argv[]) {
                                       "height in metres.",
                                       "LAT,LON,HEIGHT");
     const QCommandLineOption hide("hide", "Leave the satellite USI out of the sky.", "USI");
+    const QCommandLineOption moduleFault("module-fault",
+                                         "Make the Bluetooth module show KNOB: splitReplies, "
+                                         "errorBeforeOk, silent or notBle.",
+                                         "KNOB");
     parser.addOptions({listen, anyAddress, pty, profile, list, model, latency, baud, dropAfter,
-                       dropAt, resetAt, garbage, silent, observer, hide});
+                       dropAt, resetAt, garbage, silent, observer, hide, moduleFault});
     parser.process(app);
     if (!parser.positionalArguments().isEmpty())
         return Fail(QStringLiteral("unexpected argument \"%1\"")
@@ -194,6 +199,26 @@ int main(int argc, char* argv[]) {
         return Fail(QString::fromUtf8(e.what()));
     }
     simulator->GetFaults() = faults;
+    for (const QString& knob : parser.values(moduleFault)) {
+        static const std::map<QString, bool rxsim::ModuleFaults::*> knobs = {
+            {QStringLiteral("splitReplies"), &rxsim::ModuleFaults::splitReplies},
+            {QStringLiteral("errorBeforeOk"), &rxsim::ModuleFaults::errorBeforeOk},
+            {QStringLiteral("silent"), &rxsim::ModuleFaults::silent},
+            {QStringLiteral("notBle"), &rxsim::ModuleFaults::notBle},
+        };
+        const auto found = knobs.find(knob);
+        if (found == knobs.end())
+            return Fail(QStringLiteral("--module-fault wants splitReplies, errorBeforeOk, silent "
+                                       "or notBle, not \"%1\"")
+                            .arg(knob));
+        rxsim::CPortModule* modules[] = {simulator->BleModule(), simulator->ClassicModule()};
+        if (!modules[0] && !modules[1])
+            return Fail(QStringLiteral("--module-fault: profile %1 has no Bluetooth module")
+                            .arg(simulator->State().GetProfile().name));
+        for (rxsim::CPortModule* module : modules)
+            if (module)
+                module->GetFaults().*found->second = true;
+    }
     if (site)
         simulator->Sky().SetObserver(*site);
 
