@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QDebug>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -98,6 +99,8 @@ QString CBluetoothModuleLink::Transaction(const QString& command, const QString&
                 PELL_THROW_WIN(XString(ids::BtModuleCommand).arg(command.trimmed()),
                                pell::ERROR_TIMEOUT);
             pell::Sleep(1);
+            // No user input: only what delivers bytes (a receiver in this process, a pty).
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             continue;
         }
         // Whole bytes decoded together, so a character split across reads stays whole.

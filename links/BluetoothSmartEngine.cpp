@@ -8,6 +8,7 @@
 #include "receiver/VexCommands.h"
 #include "resources/StringIds.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QScopeGuard>
 #include <algorithm>
@@ -61,7 +62,12 @@ unsigned CBluetoothSmartEngine::ModulePortFor(const QString& model) {
 }
 
 void CBluetoothSmartEngine::Open() {
-    Close();
+    try {
+        Close();
+    } catch (const ulm_std::CException& e) {
+        // The ports are back all the same; a fresh start does not need the old module's answer.
+        qWarning() << "Bluetooth LE module not closed cleanly:" << e.GetErrorMessage();
+    }
     try {
         OpenSteps();
     } catch (...) {
@@ -152,8 +158,11 @@ void CBluetoothSmartEngine::SendCommand(const QString& command, QString& reply, 
     // Unsigned difference: a tick counter that wraps during the wait still measures it.
     while (pell::GetTickCount() - start < timeoutMs) {
         const std::size_t waiting = port.BytesWaiting();
-        if (waiting == 0)
+        if (waiting == 0) {
+            // No user input: only what delivers bytes (a receiver in this process, a pty).
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             continue;
+        }
         response += port.Read(waiting);
         const qsizetype ok = response.indexOf("OK\r\n");
         if (ok >= 0) {
@@ -251,6 +260,8 @@ void CBluetoothSmartEngine::SetPersistentData(const std::uint8_t* bytes, std::si
 
 void CBluetoothSmartEngine::BootInit() {
     Run(QStringLiteral("BOOT INIT\r\n"));
+    // The module restarts in data mode: there is no command mode to leave any more.
+    m_commandMode = false;
 }
 
 QString CBluetoothSmartEngine::PadPin(const QString& pin) {

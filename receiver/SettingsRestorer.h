@@ -65,7 +65,8 @@ public:
     };
 
     // The named leaves of a port as they print (`{"imode", "echo", "eoff"}`), written back as
-    // one line. A leaf that prints nothing (an unset echo target) cannot be written and stays.
+    // one line. A leaf that printed nothing (an unset echo target) cannot be set to nothing: no
+    // value can be written empty, so it was at its default, and goes back there with init.
     class CPortLeafSettings final : public CPortSettings {
     public:
         CPortLeafSettings(QString port, QStringList leaves)
@@ -77,10 +78,11 @@ public:
         }
         QString WriteCommand() const override {
             QStringList commands;
-            for (qsizetype i = 0; i < m_values.size(); ++i)
-                if (!m_values.at(i).isEmpty())
-                    commands << vexcmd::SetPrinted(this->Port() + QLatin1Char('/') + m_leaves.at(i),
-                                                   m_values.at(i));
+            for (qsizetype i = 0; i < m_values.size(); ++i) {
+                const QString leaf = this->Port() + QLatin1Char('/') + m_leaves.at(i);
+                commands << (m_values.at(i).isEmpty() ? vexcmd::Init(leaf)
+                                                      : vexcmd::SetPrinted(leaf, m_values.at(i)));
+            }
             return commands.join(QLatin1Char(';'));
         }
 

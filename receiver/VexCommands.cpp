@@ -121,6 +121,10 @@ QString Remove(const QString& item) {
     return QStringLiteral("remove,") + Bare(item, item);
 }
 
+QString Init(const QString& path) {
+    return QStringLiteral("init,") + Bare(path, path);
+}
+
 QString List(const QString& path) {
     return QStringLiteral("list,") + Bare(path, path);
 }

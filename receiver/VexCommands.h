@@ -36,6 +36,8 @@ PELL_EXPORT QString SetPrinted(const QString& path, const QString& value);
 PELL_EXPORT QString Create(const QString& list, unsigned index);
 PELL_EXPORT QString CreateNamed(const QString& path);
 PELL_EXPORT QString Remove(const QString& item);
+// init,<path>: every writable leaf at or under the path back to its default
+PELL_EXPORT QString Init(const QString& path);
 // list,<path>
 PELL_EXPORT QString List(const QString& path);
 // em,<port>,<messages>, dm,<port> and dm,<port>,<messages>
