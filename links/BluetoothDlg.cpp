@@ -1,6 +1,7 @@
 #include "links/BluetoothDlg.h"
 
 #include "lib/Common.h"
+#include "lib/Drawing.h"
 #include "lib/Exceptions.h"
 #include "lib/PellLib.h"
 #include "lib/Tick.h"
@@ -144,7 +145,7 @@ CBluetoothDlg::CBluetoothDlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget*
     setObjectName(QStringLiteral("Bluetooth"));
     setWindowTitle(XString(ids::BtDialogTitle));
     m_identification->setObjectName(QStringLiteral("identification"));
-    m_identification->setReadOnly(true);
+    pell::ShowReadOnly(m_identification);
     m_name->setObjectName(QStringLiteral("name"));
     m_pin->setObjectName(QStringLiteral("pin"));
     m_authentication->setObjectName(QStringLiteral("authentication"));
@@ -153,12 +154,13 @@ CBluetoothDlg::CBluetoothDlg(std::shared_ptr<rxio::IReceiver> receiver, QWidget*
     const QRegularExpression oneLine(QStringLiteral("[^\\x00-\\x1f\\x7f]*"));
     m_name->setValidator(new QRegularExpressionValidator(oneLine, m_name));
     m_pin->setValidator(new QRegularExpressionValidator(oneLine, m_pin));
-    const int width = m_name->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 24;
-    m_name->setMinimumWidth(width);
+    const int width = m_name->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 28;
+    for (QLineEdit* edit : {m_identification, m_name, m_pin})
+        edit->setMinimumWidth(width);
 
     auto* layout = new QVBoxLayout(this);
     auto* identity = new QFormLayout;
-    identity->addRow(XString(ids::BtIdentification), m_identification);
+    identity->addRow(XString(ids::BtIdentification) + QLatin1Char(':'), m_identification);
     layout->addLayout(identity);
     auto* group = new QGroupBox(XString(ids::BtParameters));
     auto* form = new QFormLayout(group);

@@ -69,7 +69,7 @@ CBluetoothSmartGeneralPP::CBluetoothSmartGeneralPP(std::shared_ptr<rxio::IReceiv
     m_pin.edit->setValidator(PinValidator(m_pin.edit));
     m_pin.edit->setToolTip(XString(ids::BlePinHint));
     m_address.edit->setObjectName(QStringLiteral("address"));
-    m_address.edit->setReadOnly(true);
+    pell::ShowReadOnly(m_address.edit);
     m_radio->setObjectName(QStringLiteral("radio"));
     const int width = m_name.edit->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 24;
     for (QLineEdit* edit : {m_name.edit, m_pin.edit, m_address.edit})
