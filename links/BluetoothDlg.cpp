@@ -32,10 +32,6 @@ namespace vexcmd = pell::vexcmd;
 
 const QString kLine = QStringLiteral("\r\n");
 
-bool IsOn(const QString& reply) {
-    return reply.compare(QLatin1String("ON"), Qt::CaseInsensitive) == 0;
-}
-
 QString OnOff(bool on) {
     return on ? QStringLiteral("on") : QStringLiteral("off");
 }
@@ -126,6 +122,14 @@ QString CBluetoothModuleLink::Transaction(const QString& command, const QString&
     return reply;
 }
 
+bool CBluetoothModuleLink::IsOn(const QString& reply) {
+    return reply.compare(QLatin1String("ON"), Qt::CaseInsensitive) == 0;
+}
+
+QString CBluetoothModuleLink::Pin(const QString& reply) {
+    return reply.compare(QLatin1String("NoPinSet"), Qt::CaseInsensitive) == 0 ? QString() : reply;
+}
+
 QString CBluetoothModuleLink::Command(const QString& command) {
     return Transaction(command, kLine, kLine);
 }
@@ -187,16 +191,23 @@ void CBluetoothDlg::OnInitDialog() {
     const QString identification =
         m_link.Transaction(QStringLiteral("ati\r\n"), kLine, QStringLiteral("\r\n\n"));
     const QString name = m_link.Command(QStringLiteral("print,btname\r\n"));
-    QString pin = m_link.Command(QStringLiteral("print,btpin\r\n"));
-    if (pin.compare(QLatin1String("NoPinSet"), Qt::CaseInsensitive) == 0)
-        pin.clear();
-    const bool authentication = IsOn(m_link.Command(QStringLiteral("print,btauthentic\r\n")));
-    const bool encryption = IsOn(m_link.Command(QStringLiteral("print,btencrypt\r\n")));
+    const QString pin =
+        CBluetoothModuleLink::Pin(m_link.Command(QStringLiteral("print,btpin\r\n")));
+    const bool authentication =
+        CBluetoothModuleLink::IsOn(m_link.Command(QStringLiteral("print,btauthentic\r\n")));
+    const bool encryption =
+        CBluetoothModuleLink::IsOn(m_link.Command(QStringLiteral("print,btencrypt\r\n")));
     m_identification->setText(identification);
     m_name->setText(name);
     m_pin->setText(pin);
     m_authentication->setChecked(authentication);
     m_encryption->setChecked(encryption);
+}
+
+void CBluetoothDlg::OnConnectionLost() {
+    g_PellLibApp.MessageBox(this, XString(ids::BluetoothDisconnected),
+                            pell::MB_OK | pell::MB_ICONERROR);
+    CPellDialog::OnConnectionLost();
 }
 
 void CBluetoothDlg::accept() {

@@ -41,6 +41,9 @@ public:
     // empty: not looked for). CWinException 1460 when no complete reply comes in time.
     QString Transaction(const QString& command, const QString& start, const QString& end,
                         unsigned timeoutMs = kTimeoutMs);
+    // How the module's replies read: "ON" in any case is on; "NoPinSet" in any case is no PIN.
+    static bool IsOn(const QString& reply);
+    static QString Pin(const QString& reply);
     // Transaction with the markers "\r\n" and "\r\n" of every command but "ati".
     QString Command(const QString& command);
     // "set,<name>,<value>": refused with CWinException 87 when the value holds a line break or
@@ -69,6 +72,8 @@ public:
 
 protected:
     void OnInitDialog() override;
+    // Says "Bluetooth disconnected" before the dialog closes.
+    void OnConnectionLost() override;
 
 private:
     CBluetoothModuleLink m_link;

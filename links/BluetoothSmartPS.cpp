@@ -25,7 +25,6 @@ namespace {
 
 namespace ids = pell::ids;
 
-constexpr int kKeepAliveTimerId = 100;
 constexpr unsigned kRestartMs = 3000;
 
 // What the module takes: a name of 1 to 32 characters without quotes or control characters, a
@@ -101,7 +100,7 @@ CBluetoothSmartGeneralPP::CBluetoothSmartGeneralPP(std::shared_ptr<rxio::IReceiv
     connect(m_radio, &QCheckBox::toggled, this, [this] { SetModified(); });
     connect(reset, &QPushButton::clicked, this,
             [this] { RunUserAction([this] { FactoryReset(); }); });
-    m_keepAlive->setObjectName(QString::number(kKeepAliveTimerId));
+    m_keepAlive->setObjectName(QStringLiteral("keepAlive"));
     m_keepAlive->setInterval(kKeepAliveMs);
     connect(m_keepAlive, &QTimer::timeout, this, &CBluetoothSmartGeneralPP::KeepAlive);
 }

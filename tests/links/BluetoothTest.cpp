@@ -12,6 +12,7 @@
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QTreeWidget>
 #include <functional>
 #include <gtest/gtest.h>
@@ -274,6 +275,13 @@ TEST(BluetoothTest, SheetReadsAppliesAndFactoryResets) {
         EXPECT_EQ(held.friendlyName, QStringLiteral("Crew"));
         EXPECT_EQ(held.pin, QStringLiteral("000007"));
 
+        auto* keepAlive = sheet.findChild<QTimer*>(QStringLiteral("keepAlive"));
+        EXPECT_EQ(keepAlive->interval(), 30000);
+        keepAlive->start(1);
+        Spin(50);
+        keepAlive->start(30000);
+        EXPECT_TRUE(bench.simulator.BleModule()->InCommandMode());
+
         sheet.SetActivePage(1);
         EXPECT_GT(sheet.findChild<QTreeWidget*>(QStringLiteral("information"))->topLevelItemCount(),
                   5);
@@ -281,6 +289,8 @@ TEST(BluetoothTest, SheetReadsAppliesAndFactoryResets) {
         sheet.SetActivePage(0);
         sheet.findChild<QPushButton*>(QStringLiteral("factoryReset"))->click();
         ASSERT_FALSE(boxes.Boxes().empty());
+        EXPECT_EQ(boxes.Boxes().front().style,
+                  pell::MB_YESNO | pell::MB_ICONWARNING | pell::MB_DEFBUTTON2);
         EXPECT_EQ(boxes.Boxes().front().text,
                   QStringLiteral("The device's settings will be reset to their factory values. "
                                  "Please confirm."));
@@ -338,6 +348,30 @@ TEST(BluetoothTest, ClassicDialogReadsWritesInOrderAndRefusesAnEmptyName) {
     EXPECT_TRUE(held.authentication);
     EXPECT_TRUE(held.encryption);
     EXPECT_EQ(Ports(bench, QStringLiteral("dev/ser/c")), before);
+}
+
+TEST(BluetoothTest, AReceiverWithoutAModuleIsToldAndCancelled) {
+    const ScopedEnglish english;
+    const ScopedPresenter boxes;
+    Bench bench(Bench::InProcess, ShippedModel(), QStringLiteral("soren"));
+    EXPECT_EQ(run_BluetoothDlg(bench.connection, nullptr), pell::IDCANCEL);
+    ASSERT_EQ(boxes.Boxes().size(), 1u);
+    EXPECT_EQ(boxes.Boxes()[0].style, pell::MB_OK | pell::MB_ICONERROR);
+    EXPECT_TRUE(boxes.Boxes()[0].text.contains(QStringLiteral("\"Soren\"")));
+}
+
+TEST(BluetoothTest, ClassicRepliesReadWithoutCase) {
+    const struct {
+        const char* reply;
+        bool on;
+        const char* pin;
+    } cases[] = {{"ON", true, "ON"},      {"On", true, "On"},      {"1", false, "1"},
+                 {"OFF", false, "OFF"},   {"nopinset", false, ""}, {"NoPinSet", false, ""},
+                 {"0042", false, "0042"}, {"", false, ""}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(CBluetoothModuleLink::IsOn(QLatin1String(c.reply)), c.on) << c.reply;
+        EXPECT_EQ(CBluetoothModuleLink::Pin(QLatin1String(c.reply)), QLatin1String(c.pin));
+    }
 }
 
 TEST(BluetoothTest, ClassicSetUpToleratesASilentWakeUpOnly) {
