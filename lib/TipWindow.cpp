@@ -6,12 +6,6 @@
 #include <QScreen>
 #include <QWidget>
 
-namespace {
-
-QPointer<QLabel> g_shown;
-
-} // namespace
-
 CScopedTip::CScopedTip(QWidget* parent, const QString& text)
     : m_label(new QLabel(text, parent, Qt::ToolTip | Qt::FramelessWindowHint)) {
     m_label->setObjectName(QStringLiteral("tip"));
@@ -28,14 +22,9 @@ CScopedTip::CScopedTip(QWidget* parent, const QString& text)
     m_label->move(area.center() - m_label->rect().center());
     m_label->show();
     m_label->repaint();
-    g_shown = m_label;
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 CScopedTip::~CScopedTip() {
     delete m_label.data();
-}
-
-QString CScopedTip::Shown() {
-    return g_shown ? g_shown->text() : QString();
 }

@@ -17,9 +17,6 @@ public:
     CScopedTip(const CScopedTip&) = delete;
     CScopedTip& operator=(const CScopedTip&) = delete;
 
-    // The text of the tip on screen now, empty when none is; for tests and screenshots.
-    static QString Shown();
-
 private:
     QPointer<QLabel> m_label;
 };

@@ -49,7 +49,6 @@ public:
 
     // 950 or 103.
     unsigned GetModulePort() const { return m_modulePort; }
-    bool IsOpen() const { return m_guard != nullptr; }
     // A command is waiting for its answer (the wait lets events through: a timer must not start
     // another one).
     bool IsBusy() const { return m_busy; }
