@@ -2,6 +2,8 @@
 
 #include "receiver/VexCommands.h"
 
+#include <QScopeGuard>
+
 namespace pell::passthrough {
 
 const QString& Terminator() {
@@ -26,9 +28,12 @@ void Start(const CVexReceiverMate& mate, const QString& module) {
 }
 
 void End(const CVexReceiverMate& mate) {
-    mate.WriteRaw(Terminator() + QStringLiteral("\r\n"));
-    // The connection must read its port again before the receiver can answer anything.
-    mate.Receiver()->ResumePort();
+    {
+        // The connection must read its port again before the receiver can answer anything,
+        // whatever became of the terminator.
+        const auto resume = qScopeGuard([&mate] { mate.Receiver()->ResumePort(); });
+        mate.WriteRaw(Terminator() + QStringLiteral("\r\n"));
+    }
     mate.EndEcho();
 }
 
