@@ -350,6 +350,25 @@ TEST(BluetoothTest, ClassicDialogReadsWritesInOrderAndRefusesAnEmptyName) {
     EXPECT_EQ(Ports(bench, QStringLiteral("dev/ser/c")), before);
 }
 
+TEST(BluetoothTest, AFactoryResetThatFailsEndsTheSheetAndPutsThePortsBack) {
+    ScopedTick tick;
+    tick.Step(10);
+    const ScopedPresenter boxes(pell::IDYES);
+    Bench bench(Bench::InProcess, ShippedModel(), QStringLiteral("pardo7"));
+    const QString before = Ports(bench, QStringLiteral("dev/ble/a"));
+    {
+        CPellWindow<CBluetoothSmartPS> sheet(bench.connection);
+        sheet.Prepare();
+        sheet.show();
+        bench.simulator.BleModule()->GetFaults().silent = true;
+        sheet.findChild<QPushButton*>(QStringLiteral("factoryReset"))->click();
+        EXPECT_EQ(sheet.ClosingResult(), pell::IDCANCEL);
+        EXPECT_EQ(boxes.Boxes().size(), 2u); // the question, then the time-out
+        bench.simulator.BleModule()->GetFaults() = {};
+    }
+    EXPECT_EQ(Ports(bench, QStringLiteral("dev/ble/a")), before);
+}
+
 TEST(BluetoothTest, AReceiverWithoutAModuleIsToldAndCancelled) {
     const ScopedEnglish english;
     const ScopedPresenter boxes;
