@@ -12,6 +12,8 @@
 #include "config/ReceiverSettingsImport_SelectFilePP.h"
 #include "config/TrackingPositioningPS.h"
 #include "lib/PellLibDoc.h"
+#include "links/BluetoothDlg.h"
+#include "links/BluetoothSmartPS.h"
 #include "status/ReceiverStatusPS.h"
 
 #include <QCheckBox>
@@ -129,6 +131,10 @@ void MainWindow::BuildMenus() {
     m_network = receiver->addAction(tr("Net&work…"), this, &MainWindow::ShowNetwork);
     m_notifications =
         receiver->addAction(tr("Noti&fications…"), this, &MainWindow::ShowNotifications);
+    receiver->addSeparator();
+    m_bluetoothSmart =
+        receiver->addAction(tr("Bluetooth &LE…"), this, &MainWindow::ShowBluetoothSmart);
+    m_bluetooth = receiver->addAction(tr("&Bluetooth…"), this, &MainWindow::ShowBluetooth);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About %1").arg(CPellLibDoc::GetShortApplicationName(true)), this,
@@ -302,9 +308,9 @@ void MainWindow::OnStateChanged() {
     // The identity after a loss is the receiver that was there, not one that is.
     m_receiver->setEnabled(state != EState::Lost);
     m_receiver->setTitle(state == EState::Lost ? tr("Receiver (last seen)") : tr("Receiver"));
-    for (QAction* action :
-         {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
-          m_trackingPositioning, m_receiverPorts, m_ntrip, m_network, m_notifications})
+    for (QAction* action : {m_receiverStatus, m_exportSettings, m_importSettings, m_timingSignals,
+                            m_trackingPositioning, m_receiverPorts, m_ntrip, m_network,
+                            m_notifications, m_bluetoothSmart, m_bluetooth})
         action->setEnabled(state == EState::Connected);
     OnIdentified();
 }
@@ -368,6 +374,16 @@ void MainWindow::ShowNotifications() {
 void MainWindow::ShowReceiverPorts() {
     if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
         run_ReceiverPortsPS(std::move(receiver), this);
+}
+
+void MainWindow::ShowBluetoothSmart() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_BluetoothSmartPS(std::move(receiver), this, nullptr);
+}
+
+void MainWindow::ShowBluetooth() {
+    if (std::shared_ptr<rxio::IReceiver> receiver = Receiver())
+        run_BluetoothDlg(std::move(receiver), this);
 }
 
 void MainWindow::ShowAbout() {

@@ -43,6 +43,8 @@ public slots:
     void ShowNtrip();
     void ShowNetwork();
     void ShowNotifications();
+    void ShowBluetoothSmart();
+    void ShowBluetooth();
     void ShowReceiverPorts();
 
 private:
@@ -74,6 +76,8 @@ private:
     QAction* m_ntrip = nullptr;
     QAction* m_network = nullptr;
     QAction* m_notifications = nullptr;
+    QAction* m_bluetoothSmart = nullptr;
+    QAction* m_bluetooth = nullptr;
     QAction* m_receiverPorts = nullptr;
     QLabel* m_stateMark = nullptr;
     QLabel* m_state = nullptr;

@@ -22,6 +22,8 @@
 #include "config/TrackingPositioningPS.h"
 #include "config/UserCredentialsDlg.h"
 #include "lib/PellLib.h"
+#include "links/BluetoothDlg.h"
+#include "links/BluetoothSmartPS.h"
 #include "receiver/VexCommands.h"
 #include "receiver/VexReceiverMate.h"
 #include "resources/StringIds.h"
@@ -242,6 +244,44 @@ void SaveTrackingSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> mo
     SaveDialog<CTrackingPositioning_AntiJammingDlg>(shooter, sheet,
                                                     QStringLiteral("tracking-anti-jamming"));
     sheet.close();
+}
+
+// The Bluetooth LE sheet's pages (pardo7) and the classic module's dialog (marten), with what
+// the simulated modules hold.
+void SaveBluetoothWindows(Shooter& shooter, const std::shared_ptr<const rxsim::CModel>& model) {
+    for (const QString& profile : {QStringLiteral("pardo7"), QStringLiteral("marten")}) {
+        MainWindow window(model);
+        window.ConnectTo({ReceiverTarget::Simulator, profile, 0, false});
+        if (!SettleUntil([&] { return window.Receiver() != nullptr; }, 10000)) {
+            QTextStream(stderr) << "could not connect to the simulated " << profile << '\n';
+            shooter.Fail();
+            return;
+        }
+        const bool shown = pell::RunAndReport(&window, [&] {
+            if (profile == QLatin1String("pardo7")) {
+                CPellWindow<CBluetoothSmartPS> sheet(window.Receiver(), &window);
+                sheet.Prepare();
+                sheet.resize(kDesktop);
+                sheet.show();
+                for (int i = 0; i < sheet.GetPageCount(); ++i) {
+                    sheet.SetActivePage(i);
+                    QString title = sheet.GetPage(i)->GetTitle().toLower();
+                    shooter.SaveBothSizes(sheet, QStringLiteral("bluetooth-le-") + title);
+                }
+                sheet.close();
+            } else {
+                CPellWindow<CBluetoothDlg> dialog(window.Receiver(), &window);
+                dialog.Prepare();
+                dialog.show();
+                dialog.adjustSize();
+                shooter.Save(dialog, QStringLiteral("bluetooth"));
+                shooter.Save(dialog, QStringLiteral("bluetooth-480x640"), kHandheld);
+                dialog.close();
+            }
+        });
+        if (!shown)
+            shooter.Fail();
+    }
 }
 
 // The network sheet of a receiver with Ethernet, wireless LAN and servers (pardo7, its access
@@ -469,6 +509,7 @@ int SaveScreenshots(std::shared_ptr<const rxsim::CModel> model, const QString& f
     SaveNtripSheet(shooter, window);
     SaveNotificationsSheet(shooter, window);
     SaveNetworkSheets(shooter, model);
+    SaveBluetoothWindows(shooter, model);
     if (served)
         served->abort();
     Settle();

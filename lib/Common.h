@@ -33,6 +33,8 @@ constexpr unsigned MB_ICONWARNING = 0x30;
 constexpr unsigned MB_ICONINFORMATION = 0x40;
 constexpr unsigned MB_TYPEMASK = 0x0F;
 constexpr unsigned MB_ICONMASK = 0xF0;
+// The second button (No of Yes/No) is the default one.
+constexpr unsigned MB_DEFBUTTON2 = 0x100;
 
 // Platform error codes carried by CWinException.
 constexpr unsigned long ERROR_NOT_SUPPORTED = 50;

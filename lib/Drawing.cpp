@@ -3,6 +3,8 @@
 #include "lib/PellGlobalSettings.h"
 
 #include <QGuiApplication>
+#include <QLineEdit>
+#include <QPalette>
 #include <QScreen>
 #include <algorithm>
 #include <cstdlib>
@@ -44,6 +46,13 @@ int FindAppropriateIconSize(std::span<const int> candidates, int requested) {
         }
     }
     return best;
+}
+
+void ShowReadOnly(QLineEdit* edit) {
+    edit->setReadOnly(true);
+    QPalette palette = edit->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    edit->setPalette(palette);
 }
 
 } // namespace pell

@@ -5,6 +5,8 @@
 #include <QRgb>
 #include <span>
 
+class QLineEdit;
+
 namespace pell {
 
 // Per channel, `a` weighted by weight/255 and `b` by the rest: 255 gives `a`, 0 gives `b`.
@@ -23,5 +25,9 @@ PELL_EXPORT double GetDevicePixelRatio();
 // The candidate nearest to `requested`; of two equally near, the smaller, which stays crisp.
 // `requested` itself when there are no candidates.
 PELL_EXPORT int FindAppropriateIconSize(std::span<const int> candidates, int requested);
+
+// Makes `edit` read-only and paints it on the window's background, so it does not invite typing
+// while its text can still be selected and copied.
+PELL_EXPORT void ShowReadOnly(QLineEdit* edit);
 
 } // namespace pell

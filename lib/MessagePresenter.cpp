@@ -73,6 +73,8 @@ int CQtMessagePresenter::Show(QWidget* owner, const QString& caption, const QStr
     const ButtonSet set = ButtonsOf(style);
     QMessageBox box(IconOf(style), caption, text, set.buttons, owner);
     box.setEscapeButton(set.escape);
+    if ((style & MB_DEFBUTTON2) && (style & MB_TYPEMASK) == MB_YESNO)
+        box.setDefaultButton(QMessageBox::No);
     return ResultOf(box.exec());
 }
 

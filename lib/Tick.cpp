@@ -2,6 +2,8 @@
 
 #include "lib/Replaceable.h"
 
+#include <QCoreApplication>
+#include <QThread>
 #include <chrono>
 
 namespace pell {
@@ -29,6 +31,18 @@ std::uint32_t GetTickCount() {
 
 std::shared_ptr<ITickSource> SetTickSource(std::shared_ptr<ITickSource> source) {
     return Source().Set(std::move(source));
+}
+
+void Sleep(std::uint32_t ms) {
+    const std::uint32_t start = GetTickCount();
+    while (GetTickCount() - start < ms)
+        QThread::msleep(1);
+}
+
+void PumpingSleep(std::uint32_t ms) {
+    const std::uint32_t start = GetTickCount();
+    while (GetTickCount() - start < ms)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
 }
 
 } // namespace pell

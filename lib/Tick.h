@@ -27,4 +27,9 @@ PELL_EXPORT std::uint32_t GetTickCount();
 // it to step time by hand, while no other thread reads the tick.
 PELL_EXPORT std::shared_ptr<ITickSource> SetTickSource(std::shared_ptr<ITickSource> source);
 
+// Waits until `ms` have passed on the tick count: Sleep blocks the thread, PumpingSleep keeps
+// the event loop turning so windows stay painted. Both follow a tick source a test installed.
+PELL_EXPORT void Sleep(std::uint32_t ms);
+PELL_EXPORT void PumpingSleep(std::uint32_t ms);
+
 } // namespace pell

@@ -64,10 +64,46 @@ public:
         QString m_values[std::size(kLeaves)];
     };
 
+    // The named leaves of a port as they print (`{"imode", "echo", "eoff"}`), written back as
+    // one line. A leaf that printed nothing (an unset echo target) cannot be set to nothing: no
+    // value can be written empty, so it was at its default, and goes back there with init.
+    class CPortLeafSettings final : public CPortSettings {
+    public:
+        CPortLeafSettings(QString port, QStringList leaves)
+            : CPortSettings(std::move(port)), m_leaves(std::move(leaves)) {}
+        void Read(const Mate& mate) override {
+            m_values.clear();
+            for (const QString& leaf : m_leaves)
+                m_values << mate.Run(vexcmd::Print(this->Port() + QLatin1Char('/') + leaf));
+        }
+        QString WriteCommand() const override {
+            QStringList commands;
+            for (qsizetype i = 0; i < m_values.size(); ++i) {
+                const QString leaf = this->Port() + QLatin1Char('/') + m_leaves.at(i);
+                commands << (m_values.at(i).isEmpty() ? vexcmd::Init(leaf)
+                                                      : vexcmd::SetPrinted(leaf, m_values.at(i)));
+            }
+            return commands.join(QLatin1Char(';'));
+        }
+
+    private:
+        QStringList m_leaves;
+        QStringList m_values;
+    };
+
     CSettingsRestorer(const Mate& mate, std::unique_ptr<CPortSettings> port)
-        : m_mate(Detached(mate)), m_port(std::move(port)) {
-        m_port->Read(m_mate);
-        m_port->WriteCommand(); // refuses values that cannot be written back, before any change
+        : m_mate(Detached(mate)) {
+        m_ports.push_back(std::move(port));
+        RecordPorts();
+    }
+
+    // Two ports that an operation changes together (a pass-through), put back in this order.
+    CSettingsRestorer(const Mate& mate, std::unique_ptr<CPortSettings> first,
+                      std::unique_ptr<CPortSettings> second)
+        : m_mate(Detached(mate)) {
+        m_ports.push_back(std::move(first));
+        m_ports.push_back(std::move(second));
+        RecordPorts();
     }
 
     CSettingsRestorer(const Mate& mate, const QStringList& masks) : m_mate(Detached(mate)) {
@@ -110,8 +146,12 @@ public:
                     first = std::current_exception();
             }
         };
-        if (m_port)
-            attempt([&] { m_mate.Run(m_port->WriteCommand()); });
+        for (const auto& port : m_ports)
+            attempt([&] {
+                const QString command = port->WriteCommand();
+                if (!command.isEmpty())
+                    m_mate.Run(command);
+            });
         for (const Mask& mask : m_masks)
             attempt([&] {
                 QStringList skipped;
@@ -140,6 +180,13 @@ private:
         return mate;
     }
 
+    void RecordPorts() {
+        for (const auto& port : m_ports) {
+            port->Read(m_mate);
+            port->WriteCommand(); // refuses values that cannot be written back, before any change
+        }
+    }
+
     SettingsNode Read(const QString& path, bool subtree) const {
         const QString reply =
             m_mate.Run(vexcmd::Print(subtree ? path + QStringLiteral(":on") : path));
@@ -147,7 +194,7 @@ private:
     }
 
     Mate m_mate;
-    std::unique_ptr<CPortSettings> m_port;
+    std::vector<std::unique_ptr<CPortSettings>> m_ports;
     std::vector<Mask> m_masks;
     bool m_kept = false;
 };

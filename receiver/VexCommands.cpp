@@ -121,6 +121,10 @@ QString Remove(const QString& item) {
     return QStringLiteral("remove,") + Bare(item, item);
 }
 
+QString Init(const QString& path) {
+    return QStringLiteral("init,") + Bare(path, path);
+}
+
 QString List(const QString& path) {
     return QStringLiteral("list,") + Bare(path, path);
 }
@@ -139,6 +143,71 @@ QString DisableMessages(const QString& port, const QString& messages) {
 
 QString Out(const QString& port, const QString& text) {
     return QStringLiteral("out,") + Bare(port, port) + QLatin1Char(',') + QuoteText(text, port);
+}
+
+namespace {
+
+struct PortName {
+    unsigned id;
+    const char* path;
+};
+constexpr PortName kPorts[] = {{1, "cur/term"},    {100, "dev/ser/a"}, {101, "dev/ser/b"},
+                               {102, "dev/ser/c"}, {103, "dev/ser/d"}, {950, "dev/ble/a"}};
+
+} // namespace
+
+QString PortPath(unsigned port) {
+    for (const PortName& name : kPorts)
+        if (name.id == port)
+            return QLatin1String(name.path);
+    return {};
+}
+
+unsigned PortId(const QString& path) {
+    const QString bare = path.startsWith(QLatin1Char('/')) ? path.mid(1) : path;
+    for (const PortName& name : kPorts)
+        if (bare == QLatin1String(name.path))
+            return name.id;
+    return 0;
+}
+
+const QStringList& SerialLineLeaves() {
+    static const QStringList leaves = {QStringLiteral("rate"), QStringLiteral("bits"),
+                                       QStringLiteral("parity"), QStringLiteral("stops"),
+                                       QStringLiteral("rtscts")};
+    return leaves;
+}
+
+QString ReleasePort(const QString& port) {
+    return DisableMessages(port) + QLatin1Char(';') +
+           SetChoice(port + QStringLiteral("/mode"), QStringLiteral("none"));
+}
+
+QString StartEcho(const QString& current, const QString& module, const QString& terminator,
+                  const QStringList& lineSettings) {
+    const auto leaf = [](const QString& port, const char* name) {
+        return port + QLatin1Char('/') + QLatin1String(name);
+    };
+    const QString off = QStringLiteral("off");
+    QStringList line = {SetChoice(leaf(current, "ewrap"), off),
+                        SetChoice(leaf(module, "ewrap"), off),
+                        SetChoice(leaf(module, "imode"), QStringLiteral("none")),
+                        SetChoice(leaf(current, "imode"), QStringLiteral("echo")),
+                        SetChoice(leaf(current, "echo"), QLatin1Char('/') + module),
+                        SetText(leaf(current, "eoff"), terminator),
+                        SetText(leaf(module, "eoff"), terminator)};
+    if (!lineSettings.isEmpty()) {
+        if (lineSettings.size() != SerialLineLeaves().size())
+            Refuse(ids::UnsafeCommandWord, module);
+        for (qsizetype i = 0; i < lineSettings.size(); ++i)
+            line << SetChoice(module + QLatin1Char('/') + SerialLineLeaves().at(i),
+                              lineSettings.at(i));
+    }
+    return line.join(QLatin1Char(';'));
+}
+
+QString EndEcho(const QString& current) {
+    return SetChoice(current + QStringLiteral("/imode"), QStringLiteral("cmd"));
 }
 
 QString QuoteText(const QString& text, const QString& path) {

@@ -36,6 +36,8 @@ PELL_EXPORT QString SetPrinted(const QString& path, const QString& value);
 PELL_EXPORT QString Create(const QString& list, unsigned index);
 PELL_EXPORT QString CreateNamed(const QString& path);
 PELL_EXPORT QString Remove(const QString& item);
+// init,<path>: every writable leaf at or under the path back to its default
+PELL_EXPORT QString Init(const QString& path);
 // list,<path>
 PELL_EXPORT QString List(const QString& path);
 // em,<port>,<messages>, dm,<port> and dm,<port>,<messages>
@@ -44,6 +46,25 @@ PELL_EXPORT QString DisableMessages(const QString& port);
 PELL_EXPORT QString DisableMessages(const QString& port, const QString& messages);
 // out,<port>,"<text>": an empty text asks whether the port takes output without sending any.
 PELL_EXPORT QString Out(const QString& port, const QString& text);
+
+// Receiver ports by number: 1 the controller's own port ("cur/term"), 100-103 the serial ports
+// ("dev/ser/a".."dev/ser/d"), 950 the Bluetooth LE module ("dev/ble/a"). Empty, or 0, when the
+// number or path is none of these; a path may start with "/".
+PELL_EXPORT QString PortPath(unsigned port);
+PELL_EXPORT unsigned PortId(const QString& path);
+// The line settings a pass-through copies from a serial controller port to the module's port.
+PELL_EXPORT const QStringList& SerialLineLeaves();
+// dm,<port>;set,<port>/mode,none: no message set and no service output on the port any more.
+PELL_EXPORT QString ReleasePort(const QString& port);
+// One line that passes the controller's port `current` through to `module` until `terminator`
+// arrives: ewrap off, input mode none on the module and echo on the controller's port, the echo
+// target on the controller's port and the terminator on both. `lineSettings` (values of
+// SerialLineLeaves(), or empty) are copied to the module's port. One line, so the receiver starts
+// passing bytes through only after the whole set-up is in place.
+PELL_EXPORT QString StartEcho(const QString& current, const QString& module,
+                              const QString& terminator, const QStringList& lineSettings);
+// set,<current>/imode,cmd: the controller's port reads commands again.
+PELL_EXPORT QString EndEcho(const QString& current);
 
 // "text" with \" \\ \r \n escapes; throws for other control characters and broken UTF-16.
 PELL_EXPORT QString QuoteText(const QString& text, const QString& path);

@@ -48,6 +48,62 @@ struct Wait {
 CVexReceiverMate::CVexReceiverMate(std::shared_ptr<rxio::IReceiver> receiver, bool keepAlive)
     : m_receiver(std::move(receiver)), m_keepAlive(keepAlive) {}
 
+bool CVexReceiverMate::IsOstrelFamily(const QString& model) {
+    return model.compare(QLatin1String("Ostrel Q"), Qt::CaseInsensitive) == 0 ||
+           model.compare(QLatin1String("Ostrel W"), Qt::CaseInsensitive) == 0;
+}
+
+bool CVexReceiverMate::IsPardoFamily(const QString& model) {
+    return model.compare(QLatin1String("Pardo7"), Qt::CaseInsensitive) == 0;
+}
+
+bool CVexReceiverMate::PreparesModulePort(const QString& model) {
+    return model.compare(QLatin1String("Lumen7"), Qt::CaseInsensitive) == 0;
+}
+
+QString CVexReceiverMate::Model() const {
+    if (m_receiver) {
+        const QString known = m_receiver->Identity().model;
+        if (!known.isEmpty())
+            return known;
+    }
+    return Run(pell::vexcmd::Print(QStringLiteral("rcv/model")), RemoveQuotes);
+}
+
+void CVexReceiverMate::SetPortRate(const QString& port, const QString& rate) const {
+    Run(pell::vexcmd::SetChoice(port + QStringLiteral("/rate"), rate));
+}
+
+void CVexReceiverMate::SetPortRtsCts(const QString& port, bool on) const {
+    Run(pell::vexcmd::SetChoice(port + QStringLiteral("/rtscts"),
+                                on ? QStringLiteral("on") : QStringLiteral("off")));
+}
+
+void CVexReceiverMate::ReleasePort(const QString& port) const {
+    Run(pell::vexcmd::ReleasePort(port));
+}
+
+void CVexReceiverMate::StartEcho(const QString& module, const QString& terminator) const {
+    const QString current = pell::vexcmd::PortPath(1);
+    const unsigned own = pell::vexcmd::PortId(
+        Run(pell::vexcmd::Print(current + QStringLiteral("/id")), RemoveQuotes));
+    QStringList line;
+    if (own >= 100 && own <= 103)
+        for (const QString& leaf : pell::vexcmd::SerialLineLeaves())
+            line << Run(pell::vexcmd::Print(pell::vexcmd::PortPath(own) + QLatin1Char('/') + leaf));
+    Run(pell::vexcmd::StartEcho(current, module, terminator, line));
+}
+
+void CVexReceiverMate::WriteRaw(const QString& text) const {
+    if (!m_receiver)
+        PELL_THROW_WIN(text, pell::ERROR_DEV_NOT_EXIST);
+    m_receiver->Port().Write(text.toUtf8());
+}
+
+void CVexReceiverMate::EndEcho() const {
+    Run(pell::vexcmd::EndEcho(pell::vexcmd::PortPath(1)));
+}
+
 bool CVexReceiverMate::IsPending(const rxio::IReceiver* receiver) {
     return t_pending.contains(receiver);
 }

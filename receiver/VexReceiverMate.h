@@ -56,6 +56,29 @@ public:
     // The receiver's refusal of a port that takes no output, or of a value it keeps to itself.
     static bool IsAccessDenied(const QString& reply);
 
+    // Receivers whose Bluetooth LE module sits on port 950 ("dev/ble/a"): the Ostrel family
+    // ("Ostrel Q", "Ostrel W") and the Pardo family ("Pardo7"). Names compare without case.
+    static bool IsOstrelFamily(const QString& model);
+    static bool IsPardoFamily(const QString& model);
+    // Whether a module port must be set to 115200 baud with RTS/CTS before a pass-through: a
+    // module behind one of the receiver's serial ports ("Lumen7", port 103).
+    static bool PreparesModulePort(const QString& model);
+    // The receiver's model name: from the connection's identity, or read when it has none.
+    QString Model() const;
+
+    // set,<port>/rate,<rate> and set,<port>/rtscts,<on|off>.
+    void SetPortRate(const QString& port, const QString& rate) const;
+    void SetPortRtsCts(const QString& port, bool on) const;
+    // Takes `port` away from the service and the messages that use it.
+    void ReleasePort(const QString& port) const;
+    // Passes the controller's port through to `module` until `terminator`; a serial controller
+    // port lends its line settings to the module's port.
+    void StartEcho(const QString& module, const QString& terminator) const;
+    // Writes `text` as UTF-8 straight to the port, past the connection (during a pass-through).
+    void WriteRaw(const QString& text) const;
+    // The controller's port reads commands again.
+    void EndEcho() const;
+
     // {a,b} → a,b; anything not enclosed in one pair of braces is returned as it is.
     static QString StripBraces(const QString& text);
     // Elements at the outermost level: "{a,{b,c},"d,e"}" → a, {b,c}, "d,e". Empty gives none.

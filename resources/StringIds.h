@@ -542,4 +542,29 @@ constexpr unsigned NotifWrongEmail = 62043;
 constexpr unsigned NotifNewWatcher = 62045;
 constexpr unsigned NotifLevelNote = 62046;
 
+constexpr unsigned BleSheetTitle = 62100;
+constexpr unsigned BleGeneralPage = 62101;
+constexpr unsigned BleInformationPage = 62102;
+constexpr unsigned BtName = 62103;
+constexpr unsigned BtPin = 62104;
+constexpr unsigned BleAddress = 62105;
+constexpr unsigned BleRadio = 62106;
+constexpr unsigned BleFactoryReset = 62107;
+constexpr unsigned BleFactoryResetConfirm = 62108;
+constexpr unsigned BleInitializing = 62109;
+constexpr unsigned BleDetecting = 62110;
+constexpr unsigned BleProperty = 62111;
+constexpr unsigned BleValue = 62112;
+constexpr unsigned BtDialogTitle = 62113;
+constexpr unsigned BtIdentification = 62114;
+constexpr unsigned BtAuthentication = 62115;
+constexpr unsigned BtEncryption = 62116;
+constexpr unsigned BtParameters = 62117;
+constexpr unsigned BtUnknownDevice = 62118;
+constexpr unsigned BtUnsafeText = 62119;
+constexpr unsigned BlePinHint = 62120;
+constexpr unsigned BleModuleOpen = 62121;
+constexpr unsigned BleModuleCommand = 62122;
+constexpr unsigned BtModuleCommand = 62123;
+
 } // namespace pell::ids

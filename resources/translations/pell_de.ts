@@ -2577,6 +2577,126 @@
         <comment>62046</comment>
         <translation>Meldungen dieser Stufe und schwerwiegenderer Stufen werden an diese Adresse gesendet.</translation>
     </message>
+    <message>
+        <source>Bluetooth LE</source>
+        <comment>62100</comment>
+        <translation>Bluetooth LE</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <comment>62101</comment>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <comment>62102</comment>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <comment>62103</comment>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>PIN:</source>
+        <comment>62104</comment>
+        <translation>PIN:</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <comment>62105</comment>
+        <translation>Adresse:</translation>
+    </message>
+    <message>
+        <source>Enable Bluetooth Smart Radio</source>
+        <comment>62106</comment>
+        <translation>Bluetooth-Smart-Funk einschalten</translation>
+    </message>
+    <message>
+        <source>Factory Reset</source>
+        <comment>62107</comment>
+        <translation>Werkseinstellungen</translation>
+    </message>
+    <message>
+        <source>The device&apos;s settings will be reset to their factory values. Please confirm.</source>
+        <comment>62108</comment>
+        <translation>Die Einstellungen des Geräts werden auf die Werkseinstellungen zurückgesetzt. Bitte bestätigen Sie.</translation>
+    </message>
+    <message>
+        <source>Initializing Bluetooth LE</source>
+        <comment>62109</comment>
+        <translation>Bluetooth LE wird initialisiert</translation>
+    </message>
+    <message>
+        <source>Detecting Bluetooth LE</source>
+        <comment>62110</comment>
+        <translation>Bluetooth LE wird gesucht</translation>
+    </message>
+    <message>
+        <source>Property</source>
+        <comment>62111</comment>
+        <translation>Eigenschaft</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <comment>62112</comment>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Bluetooth</source>
+        <comment>62113</comment>
+        <translation>Bluetooth</translation>
+    </message>
+    <message>
+        <source>Identification</source>
+        <comment>62114</comment>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Authentication</source>
+        <comment>62115</comment>
+        <translation>Authentifizierung</translation>
+    </message>
+    <message>
+        <source>Encryption</source>
+        <comment>62116</comment>
+        <translation>Verschlüsselung</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <comment>62117</comment>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>The receiver model &quot;%1&quot; has no Bluetooth module that can be configured here.</source>
+        <comment>62118</comment>
+        <translation>Das Empfängermodell „%1“ hat kein Bluetooth-Modul, das sich hier einrichten lässt.</translation>
+    </message>
+    <message>
+        <source>The text &quot;%1&quot; cannot be sent to the Bluetooth module: it contains a quotation mark, a line break or another control character.</source>
+        <comment>62119</comment>
+        <translation>Der Text „%1“ kann nicht an das Bluetooth-Modul gesendet werden: Er enthält ein Anführungszeichen, einen Zeilenumbruch oder ein anderes Steuerzeichen.</translation>
+    </message>
+    <message>
+        <source>6 to 16 digits, or none. A shorter PIN is filled up with leading zeros.</source>
+        <comment>62120</comment>
+        <translation>6 bis 16 Ziffern oder keine. Eine kürzere PIN wird vorne mit Nullen aufgefüllt.</translation>
+    </message>
+    <message>
+        <source>Bluetooth LE module on port %1</source>
+        <comment>62121</comment>
+        <translation>Bluetooth-LE-Modul an Port %1</translation>
+    </message>
+    <message>
+        <source>Bluetooth LE module command %1</source>
+        <comment>62122</comment>
+        <translation>Befehl %1 an das Bluetooth-LE-Modul</translation>
+    </message>
+    <message>
+        <source>Bluetooth module command %1</source>
+        <comment>62123</comment>
+        <translation>Befehl %1 an das Bluetooth-Modul</translation>
+    </message>
 </context>
 <context>
     <name>PellNames</name>

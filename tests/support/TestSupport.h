@@ -78,11 +78,14 @@ public:
     ScopedTick& operator=(const ScopedTick&) = delete;
     void Set(std::uint32_t now) { m_source->now = now; }
     void Advance(std::uint32_t ms) { m_source->now += ms; }
+    // Every reading of the tick moves it on by `ms`, so waits on the tick end quickly.
+    void Step(std::uint32_t ms) { m_source->step = ms; }
 
 private:
     struct Source final : ITickSource {
-        std::uint32_t Now() override { return now; }
+        std::uint32_t Now() override { return now += step; }
         std::uint32_t now = 0;
+        std::uint32_t step = 0;
     };
     std::shared_ptr<Source> m_source;
     std::shared_ptr<ITickSource> m_previous;

@@ -1,0 +1,40 @@
+#include "links/PassThrough.h"
+
+#include "receiver/VexCommands.h"
+
+#include <QScopeGuard>
+
+namespace pell::passthrough {
+
+const QString& Terminator() {
+    static const QString terminator = QStringLiteral("#OFF#");
+    return terminator;
+}
+
+std::unique_ptr<Restorer> RecordPorts(const CVexReceiverMate& mate, const QString& module) {
+    const QStringList echo = {QStringLiteral("imode"), QStringLiteral("echo"),
+                              QStringLiteral("eoff"), QStringLiteral("ewrap")};
+    return std::make_unique<Restorer>(
+        mate,
+        std::make_unique<Restorer::CPortLeafSettings>(
+            module, vexcmd::SerialLineLeaves() + echo + QStringList{QStringLiteral("mode")}),
+        std::make_unique<Restorer::CPortLeafSettings>(vexcmd::PortPath(1), echo));
+}
+
+void Start(const CVexReceiverMate& mate, const QString& module) {
+    mate.ReleasePort(module);
+    mate.StartEcho(module, Terminator());
+    mate.Receiver()->SuspendPort();
+}
+
+void End(const CVexReceiverMate& mate) {
+    {
+        // The connection must read its port again before the receiver can answer anything,
+        // whatever became of the terminator.
+        const auto resume = qScopeGuard([&mate] { mate.Receiver()->ResumePort(); });
+        mate.WriteRaw(Terminator() + QStringLiteral("\r\n"));
+    }
+    mate.EndEcho();
+}
+
+} // namespace pell::passthrough

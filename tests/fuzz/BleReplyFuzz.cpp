@@ -1,0 +1,27 @@
+// Any reply of a Bluetooth LE module splits into pairs without a crash, each pair taken from
+// one line of the reply; any serial-number text gives a well-formed advertising record.
+#include "links/BluetoothSmartEngine.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const QString reply =
+        QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const CBluetoothSmartEngine::Pairs pairs = CBluetoothSmartEngine::ParseReply(reply);
+    if (static_cast<qsizetype>(pairs.size()) > reply.count(QLatin1Char('=')))
+        std::abort();
+    for (const auto& [name, value] : pairs)
+        if (!reply.contains(name) || !reply.contains(value))
+            std::abort();
+
+    const CBluetoothSmartEngine::AdvertisingRecord record =
+        CBluetoothSmartEngine::MakeAdvertisingRecord({{}, reply, {}, reply, reply});
+    if (record[0] != 2 || record[1] != 2 || record[2] != 5 || record[9] != 3 || record[13] != 0)
+        std::abort();
+    if (CBluetoothSmartEngine::MakeFriendlyName({{}, reply, {}, reply, {}})
+            .contains(QLatin1Char(' ')))
+        std::abort();
+    return 0;
+}
