@@ -225,16 +225,22 @@ bool SettleUntil(const std::function<bool()>& done, int ms) {
     return true;
 }
 
+// A window connected to `source`; a failure to connect is told and counted.
+bool Connect(Shooter& shooter, MainWindow& window, const pell::ReceiverTarget& source) {
+    window.ConnectTo(source);
+    if (SettleUntil([&] { return window.Receiver() != nullptr; }, 30000))
+        return true;
+    QTextStream(stderr) << "could not connect to " << source.Describe() << '\n';
+    shooter.Fail();
+    return false;
+}
+
 // Every page of the tracking sheet and its three dialogs, over a simulated receiver that has
 // them all (the twin antenna pages need the heading feature).
 void SaveTrackingSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> model) {
     MainWindow window(std::move(model));
-    window.ConnectTo({ReceiverTarget::Simulator, QStringLiteral("pardo7"), 0, false});
-    if (!SettleUntil([&] { return window.Receiver() != nullptr; }, 10000)) {
-        QTextStream(stderr) << "could not connect to the simulated pardo7\n";
-        shooter.Fail();
+    if (!Connect(shooter, window, {ReceiverTarget::Simulator, QStringLiteral("pardo7"), 0, false}))
         return;
-    }
     CPellWindow<CTrackingPositioningPS> sheet(window.Receiver(), &window);
     SavePages(shooter, sheet, QStringLiteral("tracking-"));
     SaveDialog<CTrackingPositioning_AdvancedRTKDlg>(shooter, sheet,
@@ -251,12 +257,8 @@ void SaveTrackingSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> mo
 void SaveBluetoothWindows(Shooter& shooter, const std::shared_ptr<const rxsim::CModel>& model) {
     for (const QString& profile : {QStringLiteral("pardo7"), QStringLiteral("marten")}) {
         MainWindow window(model);
-        window.ConnectTo({ReceiverTarget::Simulator, profile, 0, false});
-        if (!SettleUntil([&] { return window.Receiver() != nullptr; }, 10000)) {
-            QTextStream(stderr) << "could not connect to the simulated " << profile << '\n';
-            shooter.Fail();
+        if (!Connect(shooter, window, {ReceiverTarget::Simulator, profile, 0, false}))
             return;
-        }
         const bool shown = pell::RunAndReport(&window, [&] {
             if (profile == QLatin1String("pardo7")) {
                 CPellWindow<CBluetoothSmartPS> sheet(window.Receiver(), &window);
@@ -289,12 +291,8 @@ void SaveBluetoothWindows(Shooter& shooter, const std::shared_ptr<const rxsim::C
 void SaveNetworkSheets(Shooter& shooter, const std::shared_ptr<const rxsim::CModel>& model) {
     for (const QString& profile : {QStringLiteral("pardo7"), QStringLiteral("marten")}) {
         MainWindow window(model);
-        window.ConnectTo({ReceiverTarget::Simulator, profile, 0, false});
-        if (!SettleUntil([&] { return window.Receiver() != nullptr; }, 10000)) {
-            QTextStream(stderr) << "could not connect to the simulated " << profile << '\n';
-            shooter.Fail();
+        if (!Connect(shooter, window, {ReceiverTarget::Simulator, profile, 0, false}))
             return;
-        }
         const CVexReceiverMate mate(window.Receiver());
         using pell::vexcmd::SetText;
         if (profile == QLatin1String("pardo7"))
@@ -444,12 +442,8 @@ void SaveSourceSheet(Shooter& shooter, std::shared_ptr<const rxsim::CModel> mode
                      const pell::ReceiverTarget& source) {
     static constexpr int kWaitMs = 30000;
     MainWindow window(std::move(model));
-    window.ConnectTo(source);
-    if (!SettleUntil([&] { return window.Receiver() != nullptr; }, kWaitMs)) {
-        QTextStream(stderr) << "could not connect to " << source.Describe() << '\n';
-        shooter.Fail();
+    if (!Connect(shooter, window, source))
         return;
-    }
     CPellWindow<CReceiverStatusPS> sheet(window.Receiver(), &window);
     sheet.resize(kDesktop);
     sheet.show();

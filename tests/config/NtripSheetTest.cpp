@@ -31,6 +31,22 @@ bool Shows(const QWidget& page, const QString& text) {
     return false;
 }
 
+// Opens an item dialog from `list` with `button`, types `name` (none: leaves it) and presses OK;
+// a refused name is given up.
+template <class Dialog>
+void EnterName(SimulatedReceiver& receiver, QWidget& list, const char* button, const char* name) {
+    WithDialog<Dialog>(
+        receiver, [&] { Click(list, button); },
+        [&](Dialog& dialog) {
+            if (name)
+                dialog.template findChild<QLineEdit*>(QStringLiteral("nameEdit"))
+                    ->setText(QString::fromLatin1(name));
+            Click(dialog, "okButton");
+            if (dialog.isVisible())
+                dialog.reject();
+        });
+}
+
 // The pages each receiver has; every control of every page, changed alone, sends exactly the
 // one command of its kind.
 TEST(NtripSheetTest, EachControlWritesOneCommandOfItsKind) {
@@ -124,23 +140,13 @@ TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
     sheet.show();
     CParameterPage& caster =
         Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
-    const auto add = [&](CNtrip_Caster_UsersDlg& users, const char* name) {
-        WithDialog<CNtrip_Caster_UserDlg>(
-            receiver, [&] { Click(users, "addButton"); },
-            [&](CNtrip_Caster_UserDlg& dialog) {
-                dialog.findChild<QLineEdit*>(QStringLiteral("nameEdit"))
-                    ->setText(QString::fromLatin1(name));
-                Click(dialog, "okButton");
-                if (dialog.isVisible()) // refused: the name stays to be mended
-                    dialog.reject();
-            });
-    };
+
     ScopedPresenter boxes(pell::IDYES);
     WithDialog<CNtrip_Caster_UsersDlg>(
         receiver, [&] { Click(caster, "usersButton"); },
         [&](CNtrip_Caster_UsersDlg& users) {
             for (const char* name : {"ann", "", "ann", "bob"})
-                add(users, name);
+                EnterName<CNtrip_Caster_UserDlg>(receiver, users, "addButton", name);
             ASSERT_EQ(users.List().topLevelItemCount(), 2);
             users.List().setCurrentItem(users.List().topLevelItem(1));
             Click(users, "deleteButton");
@@ -181,28 +187,16 @@ TEST(NtripSheetTest, TheMountpointsAreEditedAndWrittenOnOk) {
     sheet.show();
     CParameterPage& caster =
         Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
-    const auto edit = [&](CNtrip_Caster_MountpointsDlg& list, const char* button,
-                          const char* name) {
-        WithDialog<CNtrip_Caster_MountpointDlg>(
-            receiver, [&] { Click(list, button); },
-            [&](CNtrip_Caster_MountpointDlg& dialog) {
-                if (name)
-                    dialog.findChild<QLineEdit*>(QStringLiteral("nameEdit"))
-                        ->setText(QString::fromLatin1(name));
-                Click(dialog, "okButton");
-                if (dialog.isVisible()) // refused: the name stays to be mended
-                    dialog.reject();
-            });
-    };
+
     ScopedPresenter boxes(pell::IDYES);
     WithDialog<CNtrip_Caster_MountpointsDlg>(
         receiver, [&] { Click(caster, "mountpointsButton0"); },
         [&](CNtrip_Caster_MountpointsDlg& list) {
             ASSERT_EQ(list.List().topLevelItemCount(), 2);
             list.List().setCurrentItem(list.List().topLevelItem(1));
-            edit(list, "editButton", nullptr);
+            EnterName<CNtrip_Caster_MountpointDlg>(receiver, list, "editButton", nullptr);
             for (const char* name : {"", "soren_msm4", "NEW_MP", "MP3"})
-                edit(list, "addButton", name);
+                EnterName<CNtrip_Caster_MountpointDlg>(receiver, list, "addButton", name);
             Click(list, "addButton");
             list.List().setCurrentItem(list.List().topLevelItem(0));
             Click(list, "deleteButton");
@@ -266,18 +260,10 @@ TEST(NtripSheetTest, AMountpointTheReceiverDoesNotDescribeKeepsItsValues) {
             [&](CNtrip_Caster_MountpointsDlg& list) {
                 ASSERT_EQ(list.List().topLevelItemCount(), c.rows);
                 list.List().setCurrentItem(list.List().topLevelItem(1));
-                WithDialog<CNtrip_Caster_MountpointDlg>(
-                    simulated, [&] { Click(list, "editButton"); },
-                    [&](CNtrip_Caster_MountpointDlg& dialog) { Click(dialog, "okButton"); });
+                EnterName<CNtrip_Caster_MountpointDlg>(simulated, list, "editButton", nullptr);
                 if (c.rows == 3) {
                     EXPECT_FALSE(list.List().topLevelItem(2)->flags() & Qt::ItemIsEnabled);
-                    WithDialog<CNtrip_Caster_MountpointDlg>(
-                        simulated, [&] { Click(list, "addButton"); },
-                        [&](CNtrip_Caster_MountpointDlg& dialog) {
-                            dialog.findChild<QLineEdit*>(QStringLiteral("nameEdit"))
-                                ->setText(QStringLiteral("NEW"));
-                            Click(dialog, "okButton");
-                        });
+                    EnterName<CNtrip_Caster_MountpointDlg>(simulated, list, "addButton", "NEW");
                     EXPECT_EQ(list.Body().PendingCommands().filter(QStringLiteral("/name,")),
                               QStringList{"set,/app/ntrip/caster/0/3/name,\"NEW\""});
                 } else {
