@@ -312,42 +312,45 @@ TEST(BluetoothTest, SheetReadsAppliesAndFactoryResets) {
 
 TEST(BluetoothTest, ClassicDialogReadsWritesInOrderAndRefusesAnEmptyName) {
     const ScopedEnglish english;
-    const ScopedPresenter boxes;
-    Bench bench(Bench::InProcess, ShippedModel(), QStringLiteral("marten"));
-    const QString before = Ports(bench, QStringLiteral("dev/ser/c"));
-    {
-        CPellWindow<CBluetoothDlg> dialog(bench.connection);
-        dialog.Prepare();
-        dialog.show();
-        EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("identification"))->text(),
-                  QStringLiteral("PELL BT-C Module 2.3"));
-        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("name"));
-        EXPECT_EQ(name->text(), QStringLiteral("PELL-BT"));
-        EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("pin"))->text(),
-                  QString()); // NoPinSet
-        EXPECT_FALSE(dialog.findChild<QCheckBox*>(QStringLiteral("encryption"))->isChecked());
+    for (const Bench::ELink link : {Bench::InProcess, Bench::Pty}) {
+        SCOPED_TRACE(int(link));
+        const ScopedPresenter boxes;
+        Bench bench(link, ShippedModel(), QStringLiteral("marten"));
+        const QString before = Ports(bench, QStringLiteral("dev/ser/c"));
+        {
+            CPellWindow<CBluetoothDlg> dialog(bench.connection);
+            dialog.Prepare();
+            dialog.show();
+            EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("identification"))->text(),
+                      QStringLiteral("PELL BT-C Module 2.3"));
+            auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("name"));
+            EXPECT_EQ(name->text(), QStringLiteral("PELL-BT"));
+            EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("pin"))->text(),
+                      QString()); // NoPinSet
+            EXPECT_FALSE(dialog.findChild<QCheckBox*>(QStringLiteral("encryption"))->isChecked());
 
-        name->clear();
-        dialog.accept();
-        ASSERT_EQ(boxes.Boxes().size(), 1u);
-        EXPECT_EQ(boxes.Boxes()[0].text, QStringLiteral("Wrong name"));
-        EXPECT_EQ(boxes.Boxes()[0].style, pell::MB_OK | pell::MB_ICONERROR);
-        EXPECT_EQ(bench.simulator.ClassicModule()->Settings().name, QStringLiteral("PELL-BT"));
-        EXPECT_TRUE(dialog.isVisible());
+            name->clear();
+            dialog.accept();
+            ASSERT_EQ(boxes.Boxes().size(), 1u);
+            EXPECT_EQ(boxes.Boxes()[0].text, QStringLiteral("Wrong name"));
+            EXPECT_EQ(boxes.Boxes()[0].style, pell::MB_OK | pell::MB_ICONERROR);
+            EXPECT_EQ(bench.simulator.ClassicModule()->Settings().name, QStringLiteral("PELL-BT"));
+            EXPECT_TRUE(dialog.isVisible());
 
-        name->setText(QStringLiteral("Base, north"));
-        dialog.findChild<QLineEdit*>(QStringLiteral("pin"))->setText(QStringLiteral("1234"));
-        dialog.findChild<QCheckBox*>(QStringLiteral("authentication"))->setChecked(true);
-        dialog.findChild<QCheckBox*>(QStringLiteral("encryption"))->setChecked(true);
-        dialog.accept();
-        EXPECT_EQ(dialog.ClosingResult(), pell::IDOK);
+            name->setText(QStringLiteral("Base, north"));
+            dialog.findChild<QLineEdit*>(QStringLiteral("pin"))->setText(QStringLiteral("1234"));
+            dialog.findChild<QCheckBox*>(QStringLiteral("authentication"))->setChecked(true);
+            dialog.findChild<QCheckBox*>(QStringLiteral("encryption"))->setChecked(true);
+            dialog.accept();
+            EXPECT_EQ(dialog.ClosingResult(), pell::IDOK);
+        }
+        const rxsim::ClassicBtSettings& held = bench.simulator.ClassicModule()->Settings();
+        EXPECT_EQ(held.name, QStringLiteral("Base, north"));
+        EXPECT_EQ(held.pin, QStringLiteral("1234"));
+        EXPECT_TRUE(held.authentication);
+        EXPECT_TRUE(held.encryption);
+        EXPECT_EQ(Ports(bench, QStringLiteral("dev/ser/c")), before);
     }
-    const rxsim::ClassicBtSettings& held = bench.simulator.ClassicModule()->Settings();
-    EXPECT_EQ(held.name, QStringLiteral("Base, north"));
-    EXPECT_EQ(held.pin, QStringLiteral("1234"));
-    EXPECT_TRUE(held.authentication);
-    EXPECT_TRUE(held.encryption);
-    EXPECT_EQ(Ports(bench, QStringLiteral("dev/ser/c")), before);
 }
 
 TEST(BluetoothTest, AFactoryResetThatFailsEndsTheSheetAndPutsThePortsBack) {
