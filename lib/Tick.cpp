@@ -41,8 +41,11 @@ void Sleep(std::uint32_t ms) {
 
 void PumpingSleep(std::uint32_t ms) {
     const std::uint32_t start = GetTickCount();
-    while (GetTickCount() - start < ms)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+    // Windows repaint and timers run; what the user does waits, and so does the processor.
+    while (GetTickCount() - start < ms) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(5);
+    }
 }
 
 } // namespace pell

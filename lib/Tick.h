@@ -28,7 +28,8 @@ PELL_EXPORT std::uint32_t GetTickCount();
 PELL_EXPORT std::shared_ptr<ITickSource> SetTickSource(std::shared_ptr<ITickSource> source);
 
 // Waits until `ms` have passed on the tick count: Sleep blocks the thread, PumpingSleep keeps
-// the event loop turning so windows stay painted. Both follow a tick source a test installed.
+// the event loop turning so windows stay painted and timers run, while what the user does waits.
+// Both follow a tick source a test installed.
 PELL_EXPORT void Sleep(std::uint32_t ms);
 PELL_EXPORT void PumpingSleep(std::uint32_t ms);
 

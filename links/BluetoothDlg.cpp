@@ -31,6 +31,8 @@ namespace ids = pell::ids;
 namespace vexcmd = pell::vexcmd;
 
 const QString kLine = QStringLiteral("\r\n");
+// More than any answer of the module: a line that never ends is cut off here.
+constexpr qsizetype kMaxReplyBytes = 64 * 1024;
 
 QString OnOff(bool on) {
     return on ? QStringLiteral("on") : QStringLiteral("off");
@@ -85,41 +87,42 @@ QString CBluetoothModuleLink::Transaction(const QString& command, const QString&
     port.Purge(rxio::IPort::PurgeReceive);
     port.Write(command.toUtf8());
     const std::uint32_t begin = pell::GetTickCount();
+    const QByteArray startMarker = start.toUtf8();
+    const QByteArray endMarker = end.toUtf8();
     QByteArray bytes;
-    bool startSeen = start.isEmpty();
-    bool endSeen = end.isEmpty();
-    QString reply;
+    bool startSeen = startMarker.isEmpty();
+    bool endSeen = endMarker.isEmpty();
     while (!startSeen || !endSeen) {
+        // Checked on every turn: a module that keeps talking without the markers ends too.
+        if (pell::GetTickCount() - begin > timeoutMs || bytes.size() > kMaxReplyBytes)
+            PELL_THROW_WIN(XString(ids::BtModuleCommand).arg(command.trimmed()),
+                           pell::ERROR_TIMEOUT);
         const std::size_t waiting = port.BytesWaiting();
         if (waiting == 0) {
-            if (pell::GetTickCount() - begin > timeoutMs)
-                PELL_THROW_WIN(XString(ids::BtModuleCommand).arg(command.trimmed()),
-                               pell::ERROR_TIMEOUT);
             pell::Sleep(1);
             // No user input: only what delivers bytes (a receiver in this process, a pty).
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             continue;
         }
-        // Whole bytes decoded together, so a character split across reads stays whole.
+        // The markers are cut from the bytes, and the text decoded once at the end, so a
+        // character split across reads stays whole.
         bytes += port.Read(waiting);
-        reply = QString::fromUtf8(bytes);
         if (!startSeen) {
-            const qsizetype at = reply.indexOf(start);
+            const qsizetype at = bytes.indexOf(startMarker);
             if (at < 0)
                 continue;
             startSeen = true;
-            bytes = reply.mid(at + start.size()).toUtf8();
-            reply = QString::fromUtf8(bytes);
+            bytes.remove(0, at + startMarker.size());
         }
         if (!endSeen) {
-            const qsizetype at = reply.indexOf(end);
+            const qsizetype at = bytes.indexOf(endMarker);
             if (at >= 0) {
                 endSeen = true;
-                reply.truncate(at);
+                bytes.truncate(at);
             }
         }
     }
-    return reply;
+    return QString::fromUtf8(bytes);
 }
 
 bool CBluetoothModuleLink::IsOn(const QString& reply) {

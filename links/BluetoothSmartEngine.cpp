@@ -114,7 +114,8 @@ void CBluetoothSmartEngine::Close() {
                 first = std::current_exception();
         }
     };
-    if (std::exchange(m_commandMode, false))
+    // A lost connection takes no module command; its ports go back when it returns.
+    if (std::exchange(m_commandMode, false) && m_receiver->IsConnected())
         step([this] {
             QString reply;
             SendCommand(QStringLiteral("ATO\r\n"), reply, false, kCommandTimeoutMs);
@@ -149,6 +150,10 @@ void CBluetoothSmartEngine::SendCommand(const QString& command, QString& reply, 
     reply.clear();
     if (m_busy)
         PELL_THROW_WIN(XString(ids::BleModuleCommand).arg(command.trimmed()), pell::ERROR_BUSY);
+    // Without the pass-through the port is the receiver's: a module command must never reach it.
+    if (!m_suspended)
+        PELL_THROW_WIN(XString(ids::BleModuleCommand).arg(command.trimmed()),
+                       pell::ERROR_DEV_NOT_EXIST);
     m_busy = true;
     const auto done = qScopeGuard([this] { m_busy = false; });
     rxio::IPort& port = m_receiver->Port();
@@ -173,12 +178,16 @@ void CBluetoothSmartEngine::SendCommand(const QString& command, QString& reply, 
         if (error >= 0) {
             const qsizetype end = response.indexOf("\r\n", error);
             reply = QString::fromUtf8(response.mid(error, end < 0 ? -1 : end - error));
-            if (!tolerateErrors)
+            // The whole error line, unless the wait ends first.
+            if (!tolerateErrors && end >= 0)
                 throw ulm_std::CCommException(command.trimmed(), kDevice, reply, kSource);
         }
     }
-    if (!tolerateErrors)
-        PELL_THROW_WIN(XString(ids::BleModuleCommand).arg(command.trimmed()), pell::ERROR_TIMEOUT);
+    if (tolerateErrors)
+        return;
+    if (reply.startsWith(QLatin1String("ERROR=")))
+        throw ulm_std::CCommException(command.trimmed(), kDevice, reply, kSource);
+    PELL_THROW_WIN(XString(ids::BleModuleCommand).arg(command.trimmed()), pell::ERROR_TIMEOUT);
 }
 
 void CBluetoothSmartEngine::Run(const QString& command) {
@@ -259,9 +268,10 @@ void CBluetoothSmartEngine::SetPersistentData(const std::uint8_t* bytes, std::si
 }
 
 void CBluetoothSmartEngine::BootInit() {
-    Run(QStringLiteral("BOOT INIT\r\n"));
-    // The module restarts in data mode: there is no command mode to leave any more.
+    // The module restarts in data mode, perhaps before its answer is out: there is no command
+    // mode to leave any more.
     m_commandMode = false;
+    Run(QStringLiteral("BOOT INIT\r\n"));
 }
 
 QString CBluetoothSmartEngine::PadPin(const QString& pin) {

@@ -52,6 +52,8 @@ public:
     // A command is waiting for its answer (the wait lets events through: a timer must not start
     // another one).
     bool IsBusy() const { return m_busy; }
+    // The pass-through is on: module commands can go out.
+    bool IsOpen() const { return m_suspended; }
 
     void Open();
     // Safe when not open. Puts everything back even when a step fails, then throws the first

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QScopeGuard>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -112,8 +113,9 @@ void CBluetoothSmartGeneralPP::OnInitDialog() {
 }
 
 void CBluetoothSmartGeneralPP::KeepAlive() {
-    // Skipped while a command of the page is still waiting for its answer.
-    if (!m_engine.IsBusy())
+    // Skipped while a command of the page is still waiting for its answer, and while the module
+    // is not reachable (a factory reset restarting it, the sheet closing).
+    if (m_engine.IsOpen() && !m_engine.IsBusy())
         RunUserAction([this] { m_engine.Probe(false); });
 }
 
@@ -164,6 +166,16 @@ void CBluetoothSmartGeneralPP::FactoryReset() {
                                 pell::MB_YESNO | pell::MB_ICONWARNING | pell::MB_DEFBUTTON2) !=
         pell::IDYES)
         return;
+    // Nothing else may reach the module while it restarts: the keep-alive waits, the sheet takes
+    // no clicks.
+    m_keepAlive->stop();
+    QWidget* sheet = window();
+    sheet->setEnabled(false);
+    const auto resume = qScopeGuard([this, sheet] {
+        sheet->setEnabled(true);
+        if (m_engine.IsOpen())
+            m_keepAlive->start();
+    });
     try {
         {
             const CScopedTip tip(this, XString(ids::BleInitializing));

@@ -1,7 +1,9 @@
 #include "links/PassThrough.h"
 
+#include "lib/Exceptions.h"
 #include "receiver/VexCommands.h"
 
+#include <QDebug>
 #include <QScopeGuard>
 
 namespace pell::passthrough {
@@ -23,7 +25,19 @@ std::unique_ptr<Restorer> RecordPorts(const CVexReceiverMate& mate, const QStrin
 
 void Start(const CVexReceiverMate& mate, const QString& module) {
     mate.ReleasePort(module);
-    mate.StartEcho(module, Terminator());
+    try {
+        mate.StartEcho(module, Terminator());
+    } catch (const ulm_std::CException&) {
+        // A reply lost after the whole line may leave the echo on: end it either way (a receiver
+        // not echoing takes the terminator for a command it does not know).
+        mate.Receiver()->SuspendPort();
+        try {
+            End(mate);
+        } catch (const ulm_std::CException& e) {
+            qWarning() << "Pass-through not ended after a failed start:" << e.GetErrorMessage();
+        }
+        throw;
+    }
     mate.Receiver()->SuspendPort();
 }
 

@@ -179,8 +179,9 @@ const QStringList& SerialLineLeaves() {
 }
 
 QString ReleasePort(const QString& port) {
-    return DisableMessages(port) + QLatin1Char(';') +
-           SetChoice(port + QStringLiteral("/mode"), QStringLiteral("none"));
+        // Output mode none stops the port's stream without forgetting its message sets, which
+    // come back with its mode.
+    return SetChoice(port + QStringLiteral("/mode"), QStringLiteral("none"));
 }
 
 QString StartEcho(const QString& current, const QString& module, const QString& terminator,
@@ -192,7 +193,6 @@ QString StartEcho(const QString& current, const QString& module, const QString& 
     QStringList line = {SetChoice(leaf(current, "ewrap"), off),
                         SetChoice(leaf(module, "ewrap"), off),
                         SetChoice(leaf(module, "imode"), QStringLiteral("none")),
-                        SetChoice(leaf(current, "imode"), QStringLiteral("echo")),
                         SetChoice(leaf(current, "echo"), QLatin1Char('/') + module),
                         SetText(leaf(current, "eoff"), terminator),
                         SetText(leaf(module, "eoff"), terminator)};
@@ -203,6 +203,9 @@ QString StartEcho(const QString& current, const QString& module, const QString& 
             line << SetChoice(module + QLatin1Char('/') + SerialLineLeaves().at(i),
                               lineSettings.at(i));
     }
+    // Last: a receiver stops a line at its first refusal, and an echo turned on before one
+    // would be left running with nobody to end it.
+    line << SetChoice(leaf(current, "imode"), QStringLiteral("echo"));
     return line.join(QLatin1Char(';'));
 }
 

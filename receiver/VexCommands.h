@@ -54,7 +54,7 @@ PELL_EXPORT QString PortPath(unsigned port);
 PELL_EXPORT unsigned PortId(const QString& path);
 // The line settings a pass-through copies from a serial controller port to the module's port.
 PELL_EXPORT const QStringList& SerialLineLeaves();
-// dm,<port>;set,<port>/mode,none: no message set and no service output on the port any more.
+// set,<port>/mode,none: no service output on the port while a module uses it.
 PELL_EXPORT QString ReleasePort(const QString& port);
 // One line that passes the controller's port `current` through to `module` until `terminator`
 // arrives: ewrap off, input mode none on the module and echo on the controller's port, the echo

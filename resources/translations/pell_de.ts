@@ -2673,9 +2673,9 @@
         <translation>Das Empfängermodell „%1“ hat kein Bluetooth-Modul, das sich hier einrichten lässt.</translation>
     </message>
     <message>
-        <source>The text &quot;%1&quot; cannot be sent to the Bluetooth module: it contains a quotation mark, a line break or another control character.</source>
+        <source>The text &quot;%1&quot; cannot be sent to the Bluetooth module: it contains a character the module cannot take in a command.</source>
         <comment>62119</comment>
-        <translation>Der Text „%1“ kann nicht an das Bluetooth-Modul gesendet werden: Er enthält ein Anführungszeichen, einen Zeilenumbruch oder ein anderes Steuerzeichen.</translation>
+        <translation>Der Text „%1“ kann nicht an das Bluetooth-Modul gesendet werden: Er enthält ein Zeichen, das das Modul in einem Befehl nicht annehmen kann.</translation>
     </message>
     <message>
         <source>6 to 16 digits, or none. A shorter PIN is filled up with leading zeros.</source>
