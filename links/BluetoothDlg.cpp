@@ -138,8 +138,7 @@ QString CBluetoothModuleLink::Command(const QString& command) {
 }
 
 void CBluetoothModuleLink::Set(const char* name, const QString& value) {
-    if (std::any_of(value.begin(), value.end(),
-                    [](QChar c) { return c.unicode() < 0x20 || c.unicode() == 0x7F; }))
+    if (!pell::passthrough::FitsOneArgument(value, false))
         PELL_THROW_WIN(XString(ids::BtUnsafeText).arg(value), pell::ERROR_INVALID_PARAMETER);
     Command(QStringLiteral("set,%1,%2\r\n").arg(QLatin1String(name), value));
 }

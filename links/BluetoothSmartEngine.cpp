@@ -196,11 +196,8 @@ void CBluetoothSmartEngine::Run(const QString& command) {
 }
 
 void CBluetoothSmartEngine::SendQuoted(const char* format, const QString& argument) {
-    // The module knows no escapes: a quote or line break would end the command early.
-    const bool unsafe = std::any_of(argument.begin(), argument.end(), [](QChar c) {
-        return c == QLatin1Char('"') || c.unicode() < 0x20 || c.unicode() == 0x7F;
-    });
-    if (unsafe)
+    // The module knows no escapes.
+    if (!pell::passthrough::FitsOneArgument(argument, true))
         PELL_THROW_WIN(XString(ids::BtUnsafeText).arg(argument), pell::ERROR_INVALID_PARAMETER);
     Run(QString::fromLatin1(format).arg(Quoted(argument)));
 }

@@ -87,14 +87,16 @@ CBluetoothSmartGeneralPP::CBluetoothSmartGeneralPP(std::shared_ptr<rxio::IReceiv
     form->addRow(QString(), hint);
     form->addRow(m_address.label, m_address.edit);
     page->addLayout(form);
-    page->addWidget(m_radio);
-    page->addStretch();
+        page->addWidget(m_radio);
+    // Beside what it resets, not at the far end of the page.
     auto* reset = new QPushButton(XString(ids::BleFactoryReset));
     reset->setObjectName(QStringLiteral("factoryReset"));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(reset);
     buttons->addStretch();
+    page->addSpacing(reset->sizeHint().height() / 2);
     page->addLayout(buttons);
+    page->addStretch();
 
     for (QLineEdit* edit : {m_name.edit, m_pin.edit})
         connect(edit, &QLineEdit::textEdited, this, [this] { SetModified(); });

@@ -5,12 +5,19 @@
 
 #include <QDebug>
 #include <QScopeGuard>
+#include <algorithm>
 
 namespace pell::passthrough {
 
 const QString& Terminator() {
     static const QString terminator = QStringLiteral("#OFF#");
     return terminator;
+}
+
+bool FitsOneArgument(const QString& text, bool quoted) {
+    return std::none_of(text.begin(), text.end(), [quoted](QChar c) {
+        return c.unicode() < 0x20 || c.unicode() == 0x7F || (quoted && c == QLatin1Char('"'));
+    });
 }
 
 std::unique_ptr<Restorer> RecordPorts(const CVexReceiverMate& mate, const QString& module) {

@@ -15,6 +15,9 @@ using Restorer = CSettingsRestorer<CVexReceiverMate>;
 
 // The text that ends a pass-through.
 PELL_EXPORT const QString& Terminator();
+// Whether `text` stays one argument of one module command: no control character (a line break
+// would end the command early) and, for a module that quotes it, no quote.
+PELL_EXPORT bool FitsOneArgument(const QString& text, bool quoted);
 // Records what a pass-through changes: the module port's line, echo and output settings and the
 // controller port's echo settings, put back when the restorer goes.
 PELL_EXPORT std::unique_ptr<Restorer> RecordPorts(const CVexReceiverMate& mate,
