@@ -87,12 +87,11 @@ QString CBluetoothModuleLink::Transaction(const QString& command, const QString&
     port.Purge(rxio::IPort::PurgeReceive);
     port.Write(command.toUtf8());
     const std::uint32_t begin = pell::GetTickCount();
-    const QByteArray startMarker = start.toUtf8();
-    const QByteArray endMarker = end.toUtf8();
     QByteArray bytes;
-    bool startSeen = startMarker.isEmpty();
-    bool endSeen = endMarker.isEmpty();
-    while (!startSeen || !endSeen) {
+    for (;;) {
+        // The whole reply decoded at once, so a character split across reads stays whole.
+        if (auto reply = FrameReply(bytes, start.toUtf8(), end.toUtf8()))
+            return *reply;
         // Checked on every turn: a module that keeps talking without the markers ends too.
         if (pell::GetTickCount() - begin > timeoutMs || bytes.size() > kMaxReplyBytes)
             PELL_THROW_WIN(XString(ids::BtModuleCommand).arg(command.trimmed()),
@@ -104,25 +103,27 @@ QString CBluetoothModuleLink::Transaction(const QString& command, const QString&
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             continue;
         }
-        // The markers are cut from the bytes, and the text decoded once at the end, so a
-        // character split across reads stays whole.
         bytes += port.Read(waiting);
-        if (!startSeen) {
-            const qsizetype at = bytes.indexOf(startMarker);
-            if (at < 0)
-                continue;
-            startSeen = true;
-            bytes.remove(0, at + startMarker.size());
-        }
-        if (!endSeen) {
-            const qsizetype at = bytes.indexOf(endMarker);
-            if (at >= 0) {
-                endSeen = true;
-                bytes.truncate(at);
-            }
-        }
     }
-    return QString::fromUtf8(bytes);
+}
+
+std::optional<QString> CBluetoothModuleLink::FrameReply(const QByteArray& bytes,
+                                                        const QByteArray& start,
+                                                        const QByteArray& end) {
+    qsizetype from = 0;
+    if (!start.isEmpty()) {
+        const qsizetype at = bytes.indexOf(start);
+        if (at < 0)
+            return std::nullopt;
+        from = at + start.size();
+    }
+    qsizetype to = bytes.size();
+    if (!end.isEmpty()) {
+        to = bytes.indexOf(end, from);
+        if (to < 0)
+            return std::nullopt;
+    }
+    return QString::fromUtf8(bytes.mid(from, to - from));
 }
 
 bool CBluetoothModuleLink::IsOn(const QString& reply) {

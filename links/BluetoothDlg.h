@@ -7,6 +7,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 class QCheckBox;
 class QLineEdit;
@@ -41,6 +42,10 @@ public:
     // empty: not looked for). CWinException 1460 when no complete reply comes in time.
     QString Transaction(const QString& command, const QString& start, const QString& end,
                         unsigned timeoutMs = kTimeoutMs);
+    // The reply in what the module sent so far: between `start` and the first `end` after it
+    // (an empty marker is not looked for), none while either is missing.
+    static std::optional<QString> FrameReply(const QByteArray& bytes, const QByteArray& start,
+                                             const QByteArray& end);
     // How the module's replies read: "ON" in any case is on; "NoPinSet" in any case is no PIN.
     static bool IsOn(const QString& reply);
     static QString Pin(const QString& reply);

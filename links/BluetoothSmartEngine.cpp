@@ -169,25 +169,31 @@ void CBluetoothSmartEngine::SendCommand(const QString& command, QString& reply, 
             continue;
         }
         response += port.Read(waiting);
-        const qsizetype ok = response.indexOf("OK\r\n");
-        if (ok >= 0) {
-            reply = QString::fromUtf8(response.left(ok));
+        const Framed framed = FrameReply(response);
+        reply = framed.text;
+        if (framed.state == Framed::Ok)
             return;
-        }
-        const qsizetype error = response.indexOf("ERROR=");
-        if (error >= 0) {
-            const qsizetype end = response.indexOf("\r\n", error);
-            reply = QString::fromUtf8(response.mid(error, end < 0 ? -1 : end - error));
-            // The whole error line, unless the wait ends first.
-            if (!tolerateErrors && end >= 0)
-                throw ulm_std::CCommException(command.trimmed(), kDevice, reply, kSource);
-        }
+        if (framed.state == Framed::Error && !tolerateErrors)
+            throw ulm_std::CCommException(command.trimmed(), kDevice, reply, kSource);
     }
     if (tolerateErrors)
         return;
     if (reply.startsWith(QLatin1String("ERROR=")))
         throw ulm_std::CCommException(command.trimmed(), kDevice, reply, kSource);
     PELL_THROW_WIN(XString(ids::BleModuleCommand).arg(command.trimmed()), pell::ERROR_TIMEOUT);
+}
+
+CBluetoothSmartEngine::Framed CBluetoothSmartEngine::FrameReply(const QByteArray& response) {
+    const qsizetype ok = response.indexOf("OK\r\n");
+    if (ok >= 0)
+        return {Framed::Ok, QString::fromUtf8(response.left(ok))};
+    const qsizetype error = response.indexOf("ERROR=");
+    if (error < 0)
+        return {};
+    // The whole error line, unless the wait ends first.
+    const qsizetype end = response.indexOf("\r\n", error);
+    return {end < 0 ? Framed::Waiting : Framed::Error,
+            QString::fromUtf8(response.mid(error, end < 0 ? -1 : end - error))};
 }
 
 void CBluetoothSmartEngine::Run(const QString& command) {

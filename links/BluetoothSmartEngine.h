@@ -63,6 +63,14 @@ public:
     bool Probe(bool sendEscape);
     void SendCommand(const QString& command, QString& reply, bool tolerateErrors,
                      unsigned timeoutMs);
+    // What the bytes a module sent so far amount to: its reply before "OK\r\n" (looked for
+    // first), an "ERROR=" line (whole once its CR LF came), or nothing complete yet (the text of
+    // an unfinished error line, if any).
+    struct Framed {
+        enum EState { Waiting, Ok, Error } state = Waiting;
+        QString text;
+    };
+    static Framed FrameReply(const QByteArray& response);
 
     void ReadInformation(Pairs& pairs);
     void ReadSettings(Pairs& pairs);

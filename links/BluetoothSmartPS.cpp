@@ -87,7 +87,7 @@ CBluetoothSmartGeneralPP::CBluetoothSmartGeneralPP(std::shared_ptr<rxio::IReceiv
     form->addRow(QString(), hint);
     form->addRow(m_address.label, m_address.edit);
     page->addLayout(form);
-        page->addWidget(m_radio);
+    page->addWidget(m_radio);
     // Beside what it resets, not at the far end of the page.
     auto* reset = new QPushButton(XString(ids::BleFactoryReset));
     reset->setObjectName(QStringLiteral("factoryReset"));

@@ -1,5 +1,7 @@
-// Any reply of a Bluetooth LE module splits into pairs without a crash, each pair taken from
-// one line of the reply; any serial-number text gives a well-formed advertising record.
+// Any bytes from a Bluetooth module frame without a crash, a framed reply lying within them; any
+// reply of a Bluetooth LE module splits into pairs, each pair taken from one line of the reply;
+// any serial-number text gives a well-formed advertising record.
+#include "links/BluetoothDlg.h"
 #include "links/BluetoothSmartEngine.h"
 
 #include <cstddef>
@@ -7,8 +9,17 @@
 #include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QString reply =
-        QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const QString reply = QString::fromUtf8(bytes);
+    const CBluetoothSmartEngine::Framed framed = CBluetoothSmartEngine::FrameReply(bytes);
+    if (framed.state == CBluetoothSmartEngine::Framed::Ok && !bytes.contains("OK\r\n"))
+        std::abort();
+    if (framed.state == CBluetoothSmartEngine::Framed::Error &&
+        !framed.text.startsWith(QLatin1String("ERROR=")))
+        std::abort();
+    if (const auto classic = CBluetoothModuleLink::FrameReply(bytes, "\r\n", "\r\n"))
+        if (classic->contains(QLatin1String("\r\n")) || !bytes.contains("\r\n"))
+            std::abort();
     const CBluetoothSmartEngine::Pairs pairs = CBluetoothSmartEngine::ParseReply(reply);
     if (static_cast<qsizetype>(pairs.size()) > reply.count(QLatin1Char('=')))
         std::abort();
