@@ -179,7 +179,7 @@ const QStringList& SerialLineLeaves() {
 }
 
 QString ReleasePort(const QString& port) {
-        // Output mode none stops the port's stream without forgetting its message sets, which
+    // Output mode none stops the port's stream without forgetting its message sets, which
     // come back with its mode.
     return SetChoice(port + QStringLiteral("/mode"), QStringLiteral("none"));
 }
