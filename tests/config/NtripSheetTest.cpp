@@ -138,8 +138,7 @@ TEST(NtripSheetTest, TheCastersUsersAreEditedAndWrittenOnOk) {
     SimulatedReceiver receiver(QStringLiteral("soren"));
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
-    CParameterPage& caster =
-        Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
+    CParameterPage& caster = Page(sheet, XString(pell::ids::NtripCasterPage));
 
     ScopedPresenter boxes(pell::IDYES);
     WithDialog<CNtrip_Caster_UsersDlg>(
@@ -185,8 +184,7 @@ TEST(NtripSheetTest, TheMountpointsAreEditedAndWrittenOnOk) {
     SimulatedReceiver receiver(QStringLiteral("soren"));
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
-    CParameterPage& caster =
-        Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
+    CParameterPage& caster = Page(sheet, XString(pell::ids::NtripCasterPage));
 
     ScopedPresenter boxes(pell::IDYES);
     WithDialog<CNtrip_Caster_MountpointsDlg>(
@@ -252,8 +250,7 @@ TEST(NtripSheetTest, AMountpointTheReceiverDoesNotDescribeKeepsItsValues) {
         receiver->replies = c.replies;
         Sheet sheet(receiver, nullptr);
         sheet.show();
-        CParameterPage& caster =
-            Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripCasterPage))));
+        CParameterPage& caster = Page(sheet, XString(pell::ids::NtripCasterPage));
         const ScopedPresenter boxes(pell::IDYES);
         WithDialog<CNtrip_Caster_MountpointsDlg>(
             simulated, [&] { Click(caster, "mountpointsButton0"); },
@@ -280,8 +277,7 @@ TEST(NtripSheetTest, AServersDialogsWriteItsOwnParameters) {
     SimulatedReceiver receiver(QStringLiteral("ostrel-q"));
     Sheet sheet(receiver.Receiver(), nullptr);
     sheet.show();
-    CParameterPage& server =
-        Page(sheet, int(Titles(sheet).indexOf(XString(pell::ids::NtripServerNumbered).arg(2))));
+    CParameterPage& server = Page(sheet, XString(pell::ids::NtripServerNumbered).arg(2));
     QStringList pending;
     for (const char* button : {"outputButton", "advancedButton"})
         WithDialog(

@@ -38,6 +38,11 @@ inline CParameterPage& Page(CPropertySheetBase& sheet, int index) {
     return *static_cast<CParameterPage*>(sheet.GetPage(index));
 }
 
+// The page with `title`.
+inline CParameterPage& Page(CPropertySheetBase& sheet, const QString& title) {
+    return Page(sheet, int(Titles(sheet).indexOf(title)));
+}
+
 inline void Click(QWidget& window, const char* button) {
     window.findChild<QPushButton*>(QLatin1String(button))->click();
 }
